@@ -1,0 +1,73 @@
+// The shared variables of the session. They are made once, live as long as the program, and are handed out by reference.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/last_error.h"
+#include "platform/programs.h"
+#include "session/flags.h"
+#include "session/link_table.h"
+#include "session/settings.h"
+
+namespace qv {
+
+// Where the selected document stands, as its header file tells.
+struct DocumentHeader {
+    std::string SiteUrl;
+    std::string SiteFileName;
+    std::string SiteFolder;
+    std::string CurrentDocumentUrl;
+    std::string DocumentPath;
+    std::int16_t SiteRecordNumber = 0;
+};
+
+struct Session : DocumentHeader {
+    std::string AppPath;  // with a backslash at its end
+    std::string WindowsFolder;
+    std::string LineBreak = "\r\n";
+    Flag FirstStart = kClear;
+    Flag MainWindowShown = kClear;
+
+    std::string SiteRoot;         // of the site being opened
+    std::string SiteHost;         // lower-case server name of the selected document
+    std::string SiteHostAddress;  // its address, empty while not known
+
+    std::string ImportFilePath;  // what the importer reads
+    LinkTable Links;
+    GoodLinkList Good;
+
+    // Between the wizard and who shows it.
+    Flag WizardCancelled = kClear;
+    Flag WizardFromList = kClear;
+    int WizardListIndex = -1;
+
+    std::string LogText;  // the log of the operation; its entries end in two line breaks
+    std::string LogTitle;
+};
+
+// Flags and values of the operation that runs.
+struct RunFlags : LastError {
+    std::int16_t RetrievalMode = 0;  // 0 link probe, -1 document, 1 body sample
+    Flag TransferDone = kClear;
+    std::string HeaderBuffer;  // "Field: value" lines of the reply
+    Flag StopRequested = kClear;
+    Flag SkipRequested = kClear;
+    Flag WatchdogExpired = kClear;
+    Flag FtpProbeActive = kClear;
+    Flag BodySeen = kClear;  // set by the first body byte of the program's life
+    Flag CheckRunning = kClear;
+    Flag SiteOpenRunning = kClear;
+    Flag SiteOpenHalted = kClear;
+    Flag EnterpriseRunning = kClear;
+    Flag EnterpriseAbort = kClear;
+    Flag OpenWithoutWizard = kClear;
+    Flag ReopenFromList = kClear;  // acts like OpenWithoutWizard
+    Flag OpenInSourceViewer = kClear;
+    Flag IgnoreControlEvents = kClear;
+    Flag HideGoodLinks = kClear;
+
+    bool Alone() const { return SiteOpenRunning == 0 && EnterpriseRunning == 0; }  // a user waits for this one document
+};
+
+}  // namespace qv
