@@ -41,6 +41,12 @@ void Picture::DrawRunner(int left, int width) {
     Changed(Aspect::Value);
 }
 
+void Picture::SetFill(int colour) {
+    if (fill_ == colour) return;
+    fill_ = colour;
+    Changed(Aspect::Value);
+}
+
 CheckBox::CheckBox(Form& form, std::string name, std::string caption, Control* container, int index)
     : Captioned(form, std::move(name), ControlKind::CheckBox, container, index) {
     SetCaption(std::move(caption));

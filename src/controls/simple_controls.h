@@ -53,12 +53,20 @@ class Picture : public Captioned {
     int RunnerLeft() const { return runnerLeft_; }
     int RunnerWidth() const { return runnerWidth_; }
     void DrawRunner(int left, int width);
+    // The colour that fills the picture, a number of the sixteen-colour palette (2 green, 10 bright green).
+    int Fill() const { return fill_; }
+    void SetFill(int colour);
+    // Pixels of one character of the fixed-pitch font that texts are measured in on this picture.
+    int CharacterWidth() const { return characterWidth_; }
+    void SetCharacterWidth(int pixels) { characterWidth_ = pixels; }
     Event Click;
 
    private:
     int pixelWidth_ = 240;
     int runnerLeft_ = 0;
     int runnerWidth_ = 0;
+    int fill_ = 2;
+    int characterWidth_ = 8;
 };
 
 class CheckBox : public Captioned {

@@ -5,10 +5,17 @@
 namespace qv {
 namespace {
 
-bool MustBeEncoded(char c) {
+constexpr char kDelete = 0x7F;
+
+void AppendEncoded(std::string& to, char c) {
+    static constexpr std::string_view kDigits = "0123456789ABCDEF";
     const auto byte = static_cast<unsigned char>(c);
-    return byte <= 0x20 || byte == 0x7F;
+    to += '%';
+    to += kDigits[byte >> 4];
+    to += kDigits[byte & 15];
 }
+
+bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == kDelete; }
 
 }  // namespace
 
@@ -25,19 +32,21 @@ std::string HTTP1::Authorization() const {
     return value;
 }
 
+std::string EncodeControls(std::string_view text) {
+    std::string encoded;
+    for (const char c : text) {
+        if (IsControl(c)) AppendEncoded(encoded, c);
+        else encoded += c;
+    }
+    return encoded;
+}
+
 std::string RequestTarget(std::string_view path) {
-    static constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string target;
     if (path.empty() || path.front() != '/') target = "/";
     for (const char c : path.substr(0, path.find('#'))) {
-        if (!MustBeEncoded(c)) {
-            target += c;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(c);
-        target += '%';
-        target += kDigits[byte >> 4];
-        target += kDigits[byte & 15];
+        if (IsControl(c) || c == ' ') AppendEncoded(target, c);
+        else target += c;
     }
     return target;
 }

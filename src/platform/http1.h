@@ -72,6 +72,9 @@ class HTTP1 {
     std::string statusLine_;
 };
 
+// The text with its control characters and DEL percent-encoded, so that it can stand in a header line.
+std::string EncodeControls(std::string_view text);
+
 // The target of a request line: the path as it stands, with blanks, control characters and DEL percent-encoded and the
 // fragment cut off; "/" when it is empty, and a "/" put in front of a path that begins otherwise.
 std::string RequestTarget(std::string_view path);

@@ -1,0 +1,73 @@
+// The run behind the button ComStart: asks every marked link of the selected document and of those behind it.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "check/http_probe.h"
+#include "mainwindow/check_form.h"
+#include "mainwindow/window_rules.h"
+#include "platform/files.h"
+#include "session/document_store.h"
+#include "session/link_rows.h"
+#include "session/session.h"
+
+namespace qv {
+
+class LinkCheckRun {
+   public:
+    struct Parts {
+        CheckForm& window;
+        WindowRules& rules;
+        Session& session;
+        Settings& settings;
+        RunFlags& flags;
+        DocumentStore& store;
+        LinkRows& rows;
+        HTTP1& http;
+        HttpSession& steps;
+        HttpProbe& httpProbe;
+        EventLoop& loop;
+        Files& files;
+    };
+    explicit LinkCheckRun(Parts parts) : p_(parts) {}
+
+    void ComStart_Click();
+    void ComStop_Click();
+    void ComSkip_Click();
+
+    std::function<void()> txtFileName_Click;          // shows the selected document's rows anew
+    std::function<bool()> CompanionRunning;           // whether the companion has its window open
+    std::function<void(LinkProbe& probe)> FtpProbe;   // asks an "ftp:" link
+    std::function<void(std::string& errorText)> CreateReports;  // the automatic reports at the end
+    std::function<void()> RowJudged;                  // after each row, for a progress line
+
+    long QuestionableCount() const { return QuestionableCount_; }
+    long GoodCount() const { return GoodCount_; }
+    bool RunStopped() const { return RunStopped_; }
+
+   private:
+    void Begin();
+    void CheckDocument();
+    bool CheckRow(int row);  // false: the run was stopped
+    void Settle(int row, const char* status);
+    void ProbeFile(LinkProbe& probe, const std::string& path);
+    void ProbeFtp(LinkProbe& probe);
+    bool Judge(int row, LinkProbe& probe);
+    void WriteRowStatus(int row, const std::string& status);
+    void MarkRowChecking(int row);
+    LinkFlag& FlagOfRow(int row);
+    void CheckpointIfDue(int row);
+    void SaveDocument();
+    void CountProgress();
+    void End();
+    void CreateAutomaticReports();
+
+    Parts p_;
+    long QuestionableCount_ = 0;
+    long GoodCount_ = 0;
+    bool RunStopped_ = false;
+    EventLoop::TimerId lateCheckpoint_ = 0;
+};
+
+}  // namespace qv

@@ -1,0 +1,30 @@
+#include "mainwindow/spin_buttons.h"
+
+namespace qv {
+
+void SpinButtons::Begin(std::int16_t direction) {
+    SpinDirection_ = direction;
+    Step();
+    loop_.Yield();
+    window_.Timer2.SetRunning(true);
+}
+
+void SpinButtons::Timer2_Timer() {
+    if (SpinDirection_ == 0) {
+        window_.Timer2.SetRunning(false);
+        return;
+    }
+    window_.Timer2.SetInterval(150);
+    Step();
+}
+
+void SpinButtons::Step() {
+    ListBox& documents = window_.txtFileName;
+    const int present = documents.ListIndex();
+    const int next = SpinDirection_ == 1 ? present + 1 : present - 1;
+    if (next < 0 || next >= documents.Count()) return;
+    if (flags_.HideGoodLinks != 0 && FindQuestionableDocument) FindQuestionableDocument(SpinDirection_);
+    else documents.SetListIndex(next);
+}
+
+}  // namespace qv

@@ -1,0 +1,40 @@
+// Lines in on standard input, lines out on standard output.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/event_loop.h"
+
+namespace qv {
+
+class LineChannel {
+   public:
+    explicit LineChannel(EventLoop& loop, int input = 0, int output = 1) : loop_(loop), input_(input), output_(output) {}
+    ~LineChannel();
+    LineChannel(const LineChannel&) = delete;
+    LineChannel& operator=(const LineChannel&) = delete;
+
+    // Calls `line` for each line that comes in, without its end, one after the other; a call may turn the loop, and lines that
+    // come meanwhile are then handled inside it. `end` comes when there is nothing more to read. A line longer than the bound is
+    // given cut to it.
+    void Start(std::function<void(const std::string&)> line, std::function<void()> end);
+    void Write(std::string_view line);  // the line and its end, at once and whole
+
+    static constexpr std::size_t kLongestLine = 64 * 1024 * 1024;
+
+   private:
+    void Take();
+    void HandleLines();
+
+    EventLoop& loop_;
+    int input_;
+    int output_;
+    std::string pending_;
+    std::size_t searched_ = 0;  // up to here there is no line end in pending_
+    std::function<void(const std::string&)> line_;
+    std::function<void()> end_;
+};
+
+}  // namespace qv

@@ -1,0 +1,161 @@
+#include "platform/linux/system_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+namespace qv {
+namespace {
+
+constexpr mode_t kOwnerOnly = 0600;  // some of the files hold passwords
+constexpr std::size_t kReadStep = 1024 * 1024;
+
+FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }
+
+// A path that the system can't take as it is told: it would end at the NUL.
+bool HasNul(const std::string& path) { return path.find('\0') != std::string::npos; }
+
+class Descriptor {
+   public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() {
+        if (number_ >= 0) close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Number() const { return number_; }
+    bool Open() const { return number_ >= 0; }
+
+   private:
+    int number_;
+};
+
+// Writes all bytes; gives 0 or the error.
+int WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return written == 0 ? EIO : errno;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+bool Status(const std::string& path, struct stat& status) {
+    return !HasNul(path) && stat(NativePath(path).c_str(), &status) == 0;
+}
+
+class SystemAppender : public FileAppender {
+   public:
+    explicit SystemAppender(int descriptor) : file_(descriptor) {}
+    bool Append(std::string_view bytes) override {
+        if (WriteAll(file_.Number(), bytes) != 0) return false;
+        length_ += static_cast<std::int64_t>(bytes.size());
+        return true;
+    }
+    std::int64_t Length() const override { return length_; }
+
+   private:
+    Descriptor file_;
+    std::int64_t length_ = 0;
+};
+
+}  // namespace
+
+bool SystemFiles::FileExists(const std::string& path) const {
+    struct stat status {};
+    return Status(path, status) && !S_ISDIR(status.st_mode);
+}
+
+bool SystemFiles::FolderExists(const std::string& path) const {
+    struct stat status {};
+    return Status(path, status) && S_ISDIR(status.st_mode);
+}
+
+std::int64_t SystemFiles::Length(const std::string& path) const {
+    struct stat status {};
+    return Status(path, status) ? status.st_size : 0;
+}
+
+FileResult SystemFiles::Read(const std::string& path, std::string& bytes, std::int64_t limit) const {
+    bytes.clear();
+    if (HasNul(path)) return Failure(ENOENT);
+    const Descriptor file(open(NativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.Open()) return Failure(errno);
+    struct stat status {};
+    if (fstat(file.Number(), &status) == 0 && S_ISDIR(status.st_mode)) return Failure(EISDIR);
+    const auto most = static_cast<std::size_t>(limit);
+    while (bytes.size() < most) {
+        const std::size_t have = bytes.size();
+        const std::size_t expected = have == 0 && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kReadStep;
+        bytes.resize(std::min(most, have + expected));
+        const ssize_t got = read(file.Number(), bytes.data() + have, bytes.size() - have);
+        const int error = errno;
+        bytes.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) break;
+        if (got < 0 && error == EINTR) continue;
+        if (got < 0) {
+            bytes.clear();
+            return Failure(error);
+        }
+    }
+    return {};
+}
+
+FileResult SystemFiles::Write(const std::string& path, std::string_view bytes) {
+    if (HasNul(path)) return Failure(ENOENT);
+    const std::string target = NativePath(path);
+    const std::string temporary = target + ".new" + std::to_string(getpid());
+    int error = 0;
+    {
+        const Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly));
+        if (!file.Open()) return Failure(errno);
+        error = WriteAll(file.Number(), bytes);
+    }
+    if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
+    if (error == 0) return {};
+    unlink(temporary.c_str());
+    return Failure(error);
+}
+
+std::unique_ptr<FileAppender> SystemFiles::Create(const std::string& path) {
+    if (HasNul(path)) return nullptr;
+    const int file = open(NativePath(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kOwnerOnly);
+    return file < 0 ? nullptr : std::make_unique<SystemAppender>(file);
+}
+
+bool SystemFiles::Remove(const std::string& path) { return !HasNul(path) && unlink(NativePath(path).c_str()) == 0; }
+
+bool SystemFiles::Rename(const std::string& from, const std::string& to) {
+    return !HasNul(from) && !HasNul(to) && rename(NativePath(from).c_str(), NativePath(to).c_str()) == 0;
+}
+
+bool SystemFiles::MakeFolder(const std::string& path) {
+    if (HasNul(path)) return false;
+    const std::string native = NativePath(path);
+    for (std::size_t slash = native.find('/', 1); slash != std::string::npos; slash = native.find('/', slash + 1))
+        mkdir(native.substr(0, slash).c_str(), 0777);
+    mkdir(native.c_str(), 0777);
+    return FolderExists(path);
+}
+
+std::vector<std::string> SystemFiles::List(const std::string& folder, const std::string& mask) const {
+    std::vector<std::string> names;
+    DIR* opened = HasNul(folder) ? nullptr : opendir(NativePath(folder).c_str());
+    if (opened == nullptr) return names;
+    while (const dirent* entry = readdir(opened)) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != ".." && FitsMask(name, mask)) names.emplace_back(name);
+    }
+    closedir(opened);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace qv

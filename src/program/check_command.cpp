@@ -1,0 +1,136 @@
+#include "program/check_command.h"
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "check/link_check_run.h"
+#include "controls/window_system.h"
+#include "mainwindow/check_form.h"
+#include "platform/linux/interrupts.h"
+#include "platform/linux/scratch_folder.h"
+#include "program/linux_services.h"
+#include "program/program.h"
+#include "session/link_rows.h"
+#include "text/basic_text.h"
+#include "text/numbers.h"
+
+namespace qv {
+namespace {
+
+// Shows what a window would show: messages go to standard error and take their default button.
+class TerminalWindows : public WindowListener {
+   public:
+    explicit TerminalWindows(WindowSystem& windows) : windows_(windows) { windows.Listen(this); }
+    void FormShown(Form&) override {}
+    void FormClosed(const Form&) override {}
+    void MessageShown(const MessageRequest& request) override {
+        ClearProgress();
+        std::fprintf(stderr, "%s\n", request.text.c_str());
+        windows_.Answer(request.defaultButton);
+    }
+    void DialogShown(const FileDialogRequest&) override { windows_.Answer(std::nullopt); }
+    void Beeped() override {}
+
+    void Progress(const std::string& text) {
+        if (!IsTerminal(stderr)) return;
+        std::fprintf(stderr, "\r\033[K%s", text.substr(0, 100).c_str());
+        progress_ = true;
+    }
+    void ClearProgress() {
+        if (progress_) std::fputs("\r\033[K", stderr);
+        progress_ = false;
+    }
+
+   private:
+    WindowSystem& windows_;
+    bool progress_ = false;
+};
+
+void ApplyOptions(const CheckOptions& options, Settings& s) {
+    s.IncludeImages = FlagOf(options.images);
+    s.IgnoreJavaScript = FlagOf(!options.javascript);
+    s.FollowRedirects = FlagOf(!options.noRedirects);
+    s.CheckFtpLinks = FlagOf(!options.noFtp);
+    s.HttpTimeout = s.FtpTimeout = static_cast<float>(options.timeout);
+    s.UserAgent = options.userAgent;
+    if (!options.ignoreLinks.empty()) {
+        s.IgnoreLinkPaths = BetweenBlanks(options.ignoreLinks);
+        s.IgnoreLinkPathList = SplitBlankList(s.IgnoreLinkPaths);
+    }
+    if (!options.proxy.empty()) {
+        const auto colon = options.proxy.rfind(':');
+        s.UseProxy = kSet;
+        s.ProxyServerName = options.proxy.substr(0, colon);
+        s.ProxyPortText = colon == std::string::npos ? "80" : options.proxy.substr(colon + 1);
+    }
+    if (!options.user.empty()) {
+        const auto colon = options.user.find(':');
+        s.UseHttpAuthentication = kSet;
+        s.HttpUserName = options.user.substr(0, colon);
+        s.HttpPassword = colon == std::string::npos ? "" : options.user.substr(colon + 1);
+    }
+}
+
+// Whether a row is worth a line: not good, and asked for.
+bool IsQuestionable(std::string_view status, const Settings& settings) {
+    return !IsHiddenStatus(status, settings.PersistentRedirectsOk != 0 && settings.FollowRedirects != 0);
+}
+
+void PrintRows(const CheckOptions& options, Program& program) {
+    const LinkTable& links = program.SharedSession().Links;
+    std::printf("%s\n", program.SharedSession().CurrentDocumentUrl.c_str());
+    for (std::size_t i = 1; i < links.LinkTexts.size(); ++i) {
+        const LinkFlag& flag = links.LinkFlags[i];
+        if (!options.listAll && !IsQuestionable(flag.TrimmedStatus(), program.SharedSettings())) continue;
+        std::printf("  %s %s  %s\n", flag.Status.c_str(), links.LinkUrls[i].c_str(), links.LinkTexts[i].c_str());
+    }
+}
+
+int Check(const CheckOptions& options, Program& program, TerminalWindows& terminal, bool& interrupted) {
+    CheckForm& window = program.MainWindow();
+    terminal.Progress("Opening " + options.address);
+    program.OpenDocument(options.address);
+    if (interrupted) return kExitStopped;
+    if (window.txtFileName.Count() == 0) return kExitNotOpened;
+    program.CheckRun().RowJudged = [&] {
+        terminal.Progress(std::to_string(window.ProgressBar1.Value()) + " of " + std::to_string(window.ProgressBar1.Max()) +
+                          "  " + window.StatusBar1.Text());
+    };
+    window.ComStart.Click();
+    terminal.ClearProgress();
+    PrintRows(options, program);
+    std::printf("%s\n", window.LabelInd.Caption().c_str());
+    if (program.CheckRun().RunStopped() || interrupted) return kExitStopped;
+    return program.CheckRun().QuestionableCount() == 0 ? kExitNothingQuestionable : kExitQuestionable;
+}
+
+}  // namespace
+
+int RunCheckCommand(const CheckOptions& options) {
+    if (!StartsWithLower(options.address, "http://")) {
+        std::fprintf(stderr, "Not a valid Web URL: %s\n", options.address.c_str());
+        return kExitNotOpened;
+    }
+    const ScratchFolder scratch;
+    const bool keep = !options.home.empty();
+    LinuxServices world(PathText(keep ? options.home : scratch.NativePath()));
+    Program program(world.Services(""));
+    TerminalWindows terminal(program.Windows());
+    program.StartQuietly();
+    ApplyOptions(options, program.SharedSettings());
+    program.SharedSession().SiteHost = Lower(SplitUrl(options.address).Server);
+    bool interrupted = false;
+    const InterruptWatch watch(world.Loop(), [&] {
+        interrupted = true;
+        CheckForm& window = program.MainWindow();
+        if (window.ComStop.Enabled()) window.ComStop.Click();
+        else if (window.ComOpen.Caption() == kCaptionCancelDocument) window.ComOpen.Click();
+    });
+    const int status = Check(options, program, terminal, interrupted);
+    terminal.ClearProgress();
+    program.EndQuietly(keep);
+    return status;
+}
+
+}  // namespace qv

@@ -1,0 +1,33 @@
+// The command for terminals, scripts and builds: the same handlers, driven without a window.
+#pragma once
+
+#include <string>
+
+namespace qv {
+
+struct CheckOptions {
+    std::string address;
+    bool images = false;
+    bool javascript = false;
+    bool noRedirects = false;
+    bool noFtp = false;
+    std::string ignoreLinks;  // path fragments, parted by blanks
+    double timeout = 60;      // seconds
+    std::string userAgent;
+    std::string proxy;        // HOST:PORT
+    std::string user;         // NAME:PASSWORD
+    std::string home;         // the folder of the session; empty: a scratch folder that is removed at the end
+    bool listAll = false;
+};
+
+inline constexpr int kExitNothingQuestionable = 0;
+inline constexpr int kExitQuestionable = 1;
+inline constexpr int kExitNotOpened = 2;
+inline constexpr int kExitStopped = 3;
+inline constexpr int kExitUsage = 64;
+
+// Opens the address, checks its links and prints to standard output; progress and messages go to standard error. Gives the
+// exit status. An interrupt of the terminal stops the run as the Stop button does.
+int RunCheckCommand(const CheckOptions& options);
+
+}  // namespace qv

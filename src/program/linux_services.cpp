@@ -1,0 +1,16 @@
+#include "program/linux_services.h"
+
+#include "text/basic_text.h"
+
+namespace qv {
+
+LinuxServices::LinuxServices(const std::string& appPath) {
+    if (!appPath.empty()) places_.appPath = EndsWith(appPath, "\\") ? appPath : appPath + "\\";
+    PrepareAppFolder(files_, places_.appPath, FindShippedFolder(files_));
+}
+
+ProgramServices LinuxServices::Services(std::string commandLine) {
+    return {loop_, clock_, files_, http_, ipInfo_, store_, programs_, timers_, flags_, places_, std::move(commandLine)};
+}
+
+}  // namespace qv

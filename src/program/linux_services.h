@@ -1,0 +1,39 @@
+// The world as it is on Linux, for a program without windows: everything that ProgramServices names.
+#pragma once
+
+#include <string>
+
+#include "platform/linux/curl_http1.h"
+#include "platform/linux/ini_settings_store.h"
+#include "platform/linux/poll_loop.h"
+#include "platform/linux/resolver_ip_info1.h"
+#include "platform/linux/system_clock.h"
+#include "platform/linux/system_files.h"
+#include "platform/linux/system_programs.h"
+#include "program/program.h"
+#include "program/timer_driver.h"
+
+namespace qv {
+
+class LinuxServices {
+   public:
+    // `appPath` in the backslash form; empty: as the environment tells.
+    explicit LinuxServices(const std::string& appPath = "");
+
+    ProgramServices Services(std::string commandLine);
+    EventLoop& Loop() { return loop_; }
+
+   private:
+    PollLoop loop_;
+    SystemClock clock_;
+    SystemFiles files_;
+    RunFlags flags_;
+    CurlHttp1 http_{loop_, flags_};
+    ResolverIpInfo1 ipInfo_{loop_, flags_};
+    IniSettingsStore store_{files_, UserSettingsPath()};
+    SystemPrograms programs_{files_};
+    TimerDriver timers_{loop_};
+    Places places_ = FindPlaces();
+};
+
+}  // namespace qv

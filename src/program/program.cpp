@@ -1,0 +1,230 @@
+#include "program/program.h"
+
+#include "check/http_probe.h"
+#include "check/link_check_run.h"
+#include "extract/hyperlink_importer.h"
+#include "mail/config_form.h"
+#include "mail/mail_settings_file.h"
+#include "mainwindow/check_form.h"
+#include "mainwindow/document_selection.h"
+#include "mainwindow/initial_form.h"
+#include "mainwindow/mode_commands.h"
+#include "mainwindow/session_commands.h"
+#include "mainwindow/spin_buttons.h"
+#include "mainwindow/tip_form.h"
+#include "mainwindow/window_rules.h"
+#include "program/start_up.h"
+#include "retrieve/document_open.h"
+#include "retrieve/http_session.h"
+#include "session/document_store.h"
+#include "session/link_rows.h"
+#include "sitedb/load_site_record.h"
+#include "sitedb/preferences.h"
+#include "sitedb/site_database.h"
+#include "sitedb/wizard_form.h"
+
+namespace qv {
+
+// Everything that the program is made of, in the order in which it is made.
+struct Program::House {
+    explicit House(const ProgramServices& s);
+    void ConnectStart(Program& program);
+    void ConnectCommands();
+    void ConnectWindow();
+    void ConnectUnbuilt();
+    void ShowWizard();
+    void ShowConfigForm();
+    void ShowTipForm();
+    void ShowAbout();
+
+    ProgramServices services;
+    RunFlags& flags;
+    Session session;
+    Settings settings;
+    MailSettings mail;
+    WindowSystem windows{[this] { services.loop.WaitFor(kWaitForever); }};
+    CheckForm window{windows};
+    InitialForm initialForm{windows};
+
+    DocumentStore store{services.files, session};
+    SiteDatabase sites{services.files, session};
+    Preferences preferences{services.files, session, settings};
+    SiteRecordLoader loader{sites, session, settings, services.http};
+    WindowRules rules{window, session, settings, services.programs, store};
+    LinkRows rows{window.List1, window.FontNamePicture, session, settings, flags};
+    HyperlinkImporter importer{services.files, services.loop, services.clock, services.http, session, settings, flags, windows,
+                               {window.ProgressBar1, window.Picture1, window.ComHide, window.List1}};
+    HttpSession steps{{window, session, settings, flags, services.http, services.ipInfo, services.loop, services.clock,
+                       services.files}};
+    DocumentOpen documentOpen{{window, rules, session, settings, flags, store, rows, services.http, steps, importer,
+                               services.loop, services.files, services.programs}};
+    HttpProbe httpProbe{window, settings, flags, services.http, steps, services.loop};
+    LinkCheckRun checkRun{{window, rules, session, settings, flags, store, rows, services.http, steps, httpProbe, services.loop,
+                           services.files}};
+    DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
+    SessionCommands sessionCommands{{window, rules, session, settings, flags, store, services.files, services.http, sites,
+                                     loader}};
+    ModeCommands modes{window, rules, session, settings};
+    SpinButtons spin{window, flags, services.loop};
+    StartUp startUp{{windows, window, initialForm, rules, session, settings, mail, flags, store, preferences, sites,
+                     services.files, services.http, services.ipInfo, services.loop, services.clock, services.places,
+                     services.commandLine}};
+};
+
+Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
+    window.Timer1.Use(&services.timers);
+    window.Timer2.Use(&services.timers);
+    window.Timer2.SetInterval(150);
+    ConnectCommands();
+    ConnectWindow();
+    ConnectUnbuilt();
+}
+
+void Program::House::ShowWizard() {
+    WizardForm wizard({windows, services.files, session, settings, mail, preferences, sites, loader, window.TextFileName,
+                       window.txtFileName});
+    windows.ShowModal(wizard);
+}
+
+void Program::House::ShowConfigForm() {
+    ConfigForm form(windows, services.files, session, mail);
+    windows.ShowModal(form);
+}
+
+void Program::House::ShowTipForm() {
+    TipForm form(windows, services.files, services.store, session);
+    windows.ShowModal(form);
+}
+
+void Program::House::ShowAbout() {
+    InitialForm about(windows);
+    about.Centre();
+    about.Command1.SetVisible(true);
+    windows.ShowModal(about);
+}
+
+void Program::House::ConnectStart(Program& program) {
+    initialForm.Load = [this] { startUp.InitialForm_Load(); };
+    initialForm.Activate = [this] { startUp.InitialForm_Activate(); };
+    window.Load = [this] { startUp.CheckForm_Load(); };
+    window.Activate = [this] { startUp.CheckForm_Activate(); };
+    window.Unload = [this](bool& refused) { startUp.CheckForm_Unload(refused); };
+    startUp.MenuFileNew_Click = [this] { sessionCommands.MenuFileNew_Click(); };
+    startUp.MenuFileLocalMode_Click = [this] { modes.MenuFileLocalMode_Click(); };
+    startUp.ShowConfigForm = [this] { ShowConfigForm(); };
+    startUp.ShowTipForm = [this] { ShowTipForm(); };
+    startUp.End = [&program](int code) {
+        if (program.OnEnd) program.OnEnd(code);
+    };
+}
+
+void Program::House::ConnectCommands() {
+    const auto fileNew = [this] { sessionCommands.MenuFileNew_Click(); };
+    const auto open = [this] { documentOpen.ComOpen_Click(); };
+    const auto normalMode = [this] { modes.MenuFileNormalMode_Click(); };
+    const auto localMode = [this] { modes.MenuFileLocalMode_Click(); };
+    documentOpen.ShowWizard = [this] { ShowWizard(); };
+    documentOpen.MenuFileNew_Click = fileNew;
+    modes.MenuFileNew_Click = fileNew;
+    selection.ComOpen_Click = open;
+    sessionCommands.ComOpen_Click = open;
+    sessionCommands.MenuFileNormalMode_Click = normalMode;
+    sessionCommands.MenuFileLocalMode_Click = localMode;
+    checkRun.txtFileName_Click = [this] { selection.txtFileName_Click(); };
+
+    window.MenuFileNormalMode.Click = window.ToolInterMode.Click = normalMode;
+    window.MenuFileLocalMode.Click = window.ToolLocalMode.Click = localMode;
+    window.MenuFileNew.Click = window.ToolOpenDoc.Click = fileNew;
+    window.MenuFileOpen.Click = window.ComOpen.Click = open;
+    window.MenuFileSaveList.Click = [this] { sessionCommands.MenuFileSaveList_Click(); };
+    window.MenuFileLoadList.Click = [this] { sessionCommands.MenuFileLoadList_Click(); };
+    window.MenuFileExit.Click = [this] { windows.Unload(window); };
+    window.MenuHelpEmail.Click = window.Command2.Click = [this] { ShowConfigForm(); };
+    window.MenuHelpTip.Click = [this] {
+        services.store.Save("Options", "Show Tips at Startup", "1");
+        ShowTipForm();
+    };
+    window.MenuHelpAbout.Click = [this] { ShowAbout(); };
+    window.ComStart.Click = [this] { checkRun.ComStart_Click(); };
+    window.ComStop.Click = [this] { checkRun.ComStop_Click(); };
+    window.ComSkip.Click = [this] { checkRun.ComSkip_Click(); };
+}
+
+void Program::House::ConnectWindow() {
+    window.MenuFile.Click = [this] { rules.MenuFile_Click(); };
+    window.MenuEdit.Click = [this] { rules.MenuEdit_Click(); };
+    window.MenuView.Click = [this] { rules.MenuView_Click(); };
+    window.MenuLink.Click = [this] { rules.MenuLink_Click(); };
+    window.MenuReports.Click = [this] { rules.MenuReports_Click(); };
+    window.MenuSearch.Click = [this] { rules.MenuSearch_Click(); };
+    window.txtFileName.Click = [this] { selection.txtFileName_Click(); };
+    window.txtFileName.KeyPress = [this](Key key) {
+        if (key == Key::Enter) selection.txtFileName_Enter();
+    };
+    window.txtFileName.MouseDown = [this](MouseButton button) {
+        if (button == MouseButton::Right) selection.txtFileName_RightClick();
+    };
+    window.List1.MouseDown = [this](MouseButton button) {
+        if (button == MouseButton::Right) selection.List1_RightClick();
+    };
+    window.SpinLeft.MouseDown = [this] { spin.SpinLeft_MouseDown(); };
+    window.SpinRight.MouseDown = [this] { spin.SpinRight_MouseDown(); };
+    window.SpinLeft.MouseUp = window.SpinRight.MouseUp = [this] { spin.Release(); };
+    window.Timer1.Tick = [this] { steps.Timer1_Timer(); };
+    window.Timer2.Tick = [this] { spin.Timer2_Timer(); };
+    rules.ShowToolTips();
+}
+
+// A command that this version doesn't have says so, in the status bar.
+void Program::House::ConnectUnbuilt() {
+    const auto say = [this] { window.StatusBar1.SetText("This command isn't in this version."); };
+    for (Control* control : window.Controls()) {
+        if (auto* tool = dynamic_cast<ToolButton*>(control); tool != nullptr && !tool->Click) tool->Click = say;
+        auto* menu = dynamic_cast<Menu*>(control);
+        if (menu != nullptr && menu->ParentMenu() != nullptr && menu->Entries().empty() && !menu->Click) menu->Click = say;
+    }
+    if (!window.Command1.Click) window.Command1.Click = say;
+    if (!window.ComHide.Click) window.ComHide.Click = say;
+    if (!selection.Command1_Click) selection.Command1_Click = say;
+    if (!documentOpen.OpenLocalDocument) documentOpen.OpenLocalDocument = [say](const std::string&, const std::string&) { say(); };
+}
+
+Program::Program(const ProgramServices& services) : house_(std::make_unique<House>(services)) { house_->ConnectStart(*this); }
+
+Program::~Program() = default;
+
+void Program::Start() { house_->windows.Show(house_->initialForm); }
+
+WindowSystem& Program::Windows() { return house_->windows; }
+CheckForm& Program::MainWindow() { return house_->window; }
+Session& Program::SharedSession() { return house_->session; }
+Settings& Program::SharedSettings() { return house_->settings; }
+LinkCheckRun& Program::CheckRun() { return house_->checkRun; }
+
+void Program::StartQuietly() {
+    House& h = *house_;
+    h.session.AppPath = h.services.places.appPath;
+    h.session.WindowsFolder = h.services.places.windowsFolder;
+    h.startUp.LoadSettings();
+    h.settings.ProgramMode = kInternetMode;
+    h.session.MainWindowShown = kSet;
+    h.services.http.NetworkReady = true;
+    h.services.ipInfo.NetworkReady = true;
+    h.window.SetVisible(true);
+    h.sessionCommands.MenuFileNew_Click();
+}
+
+void Program::OpenDocument(const std::string& address) {
+    House& h = *house_;
+    h.window.TextFileName.SetText(address);
+    h.flags.OpenWithoutWizard = kSet;
+    h.documentOpen.ComOpen_Click();
+    h.flags.OpenWithoutWizard = kClear;
+}
+
+void Program::EndQuietly(bool keepSession) {
+    if (keepSession) house_->store.SaveRunState(house_->window.txtFileName);
+    house_->startUp.WriteProgramSettings();
+}
+
+}  // namespace qv

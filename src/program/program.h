@@ -1,0 +1,68 @@
+// The whole program: all shared variables, forms and handlers, made once and wired together.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "controls/window_system.h"
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/http1.h"
+#include "platform/ip_info1.h"
+#include "platform/programs.h"
+#include "platform/settings_store.h"
+#include "session/session.h"
+
+namespace qv {
+
+class CheckForm;
+class LinkCheckRun;
+class TimerService;
+
+// What the program needs of the world. All of it outlives the program.
+struct ProgramServices {
+    EventLoop& loop;
+    Clock& clock;
+    Files& files;
+    HTTP1& http;
+    IPInfo1& ipInfo;
+    SettingsStore& store;
+    Programs& programs;
+    TimerService& timers;
+    RunFlags& flags;  // the clients leave their failures here
+    Places places;
+    std::string commandLine;  // the arguments, joined by one blank
+};
+
+class Program {
+   public:
+    explicit Program(const ProgramServices& services);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Shows the start window and goes on to the main window. Returns when the start is over, its dialogs included.
+    void Start();
+
+    // Called when the program ends by itself, from inside the handler that ends it; doesn't come back into the program.
+    std::function<void(int code)> OnEnd;
+
+    WindowSystem& Windows();
+
+    // For a front end without windows.
+    CheckForm& MainWindow();
+    Session& SharedSession();
+    Settings& SharedSettings();
+    LinkCheckRun& CheckRun();
+    void StartQuietly();  // the start without its windows, and without restoring a session
+    void OpenDocument(const std::string& address);  // with the settings in force; blocks until it is listed or refused
+    void EndQuietly(bool keepSession);              // writes the session's files, or not; asks nothing
+
+   private:
+    struct House;
+    std::unique_ptr<House> house_;
+};
+
+}  // namespace qv

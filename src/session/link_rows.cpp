@@ -1,0 +1,71 @@
+#include "session/link_rows.h"
+
+#include <algorithm>
+
+#include "text/basic_text.h"
+#include "text/characters.h"
+
+namespace qv {
+namespace {
+constexpr std::size_t kLabelWidth = 32;
+}
+
+std::string LinkRowText(std::int32_t number, std::string_view text, std::string_view target, std::string_view status) {
+    std::string label = std::to_string(number) + ". ";
+    label.append(Trim(text));
+    if (CharacterCount(label) > kLabelWidth) label = std::string(FirstCharacters(label, kLabelWidth - 2)) + "..";
+    std::string row = PadCharacters(Trim(status), 6) + PadCharacters(label, kLabelWidth);
+    return row.append(" [").append(target).append("]");
+}
+
+bool IsHiddenStatus(std::string_view status, bool persistentRedirectsOk) {
+    if (status.empty() || status == "OK" || status == "OK *" || status.substr(0, 2) == "NA") return true;
+    return persistentRedirectsOk && (status == "301" || status == "302");
+}
+
+std::string LinkRows::RowText(std::int32_t link, std::int32_t number) const {
+    const LinkTable& links = session_.Links;
+    const auto i = static_cast<std::size_t>(link);
+    const std::string_view path = Trim(links.LinkPaths[i]);
+    const bool showsPath = !path.empty() && settings_.ProgramMode == kLocalMode;
+    return LinkRowText(number, links.LinkTexts[i], showsPath ? path : std::string_view(links.LinkUrls[i]),
+                       links.LinkFlags[i].TrimmedStatus());
+}
+
+void LinkRows::AddLinkRow(std::int32_t link) {
+    const LinkTable& links = session_.Links;
+    if (!links.Has(link)) return;
+    const auto i = static_cast<std::size_t>(link);
+    if (flags_.HideGoodLinks != 0) {
+        if (IsHiddenStatus(links.LinkFlags[i].TrimmedStatus(), settings_.PersistentRedirectsOk != 0)) return;
+        const bool groups = Contains(links.LinkUrls[i], "SUBTITLE") || Contains(links.LinkUrls[i], "GROUP:");
+        if (settings_.ProgramMode == kBookmarksMode && groups) return;
+    }
+    list_.AddItem(RowText(link, link), link);
+    list_.SetSelected(list_.Count() - 1, links.LinkFlags[i].Marked());
+}
+
+void LinkRows::AddAllRows() {
+    for (std::int32_t link = 1; link <= session_.Links.LinkCount; ++link) AddLinkRow(link);
+}
+
+void LinkRows::RefreshLinkRow(int row) {
+    const std::int32_t link = list_.ItemData(row);
+    if (!session_.Links.Has(link)) return;
+    list_.SetText(row, RowText(link, row + 1));
+    list_.SetSelected(row, session_.Links.LinkFlags[static_cast<std::size_t>(link)].Marked());
+}
+
+std::string LinkRows::BuildLinkRowText(std::int32_t link) const {
+    const auto i = static_cast<std::size_t>(link);
+    const LinkTable& links = session_.Links;
+    return LinkRowText(link, links.LinkTexts[i], links.LinkUrls[i], links.LinkFlags[i].TrimmedStatus());
+}
+
+void LinkRows::SetListExtent() {
+    std::size_t longest = 0;
+    for (int row = 0; row < list_.Count(); ++row) longest = std::max(longest, CharacterCount(list_.Text(row)));
+    if (list_.Count() > 0) list_.SetHorizontalExtent(static_cast<long>(longest + 3) * fontNamePicture_.CharacterWidth());
+}
+
+}  // namespace qv

@@ -1,0 +1,41 @@
+// The rows of the link list: their text, and the equality of a row's selection with its link's mark.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/list_box.h"
+#include "controls/simple_controls.h"
+#include "session/session.h"
+
+namespace qv {
+
+// Three columns for a fixed-pitch font: the status padded to 6 characters, "<number>. <text>" cut or padded to 32, and the
+// target in brackets behind a blank.
+std::string LinkRowText(std::int32_t number, std::string_view text, std::string_view target, std::string_view status);
+
+// Whether a row of this status is left out while good links are hidden (a blank one is, "-->" isn't).
+bool IsHiddenStatus(std::string_view trimmedStatus, bool persistentRedirectsOk);
+
+class LinkRows {
+   public:
+    LinkRows(ListBox& list, Picture& fontNamePicture, Session& session, const Settings& settings, const RunFlags& flags)
+        : list_(list), fontNamePicture_(fontNamePicture), session_(session), settings_(settings), flags_(flags) {}
+
+    void AddLinkRow(std::int32_t link);   // appends the link's row, unless hiding leaves it out
+    void AddAllRows();                    // AddLinkRow for each link in order
+    void RefreshLinkRow(int row);         // text and selection anew; the number is the row's position then
+    std::string BuildLinkRowText(std::int32_t link) const;  // for reports: by address, whatever is hidden
+    void SetListExtent();                 // the horizontal extent, from the longest row
+
+   private:
+    std::string RowText(std::int32_t link, std::int32_t number) const;
+
+    ListBox& list_;
+    Picture& fontNamePicture_;
+    Session& session_;
+    const Settings& settings_;
+    const RunFlags& flags_;
+};
+
+}  // namespace qv
