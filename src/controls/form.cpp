@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/menu.h"
 #include "controls/window_system.h"
 
 namespace qv {
@@ -70,6 +71,11 @@ Control* Form::Find(std::string_view addressName) const {
     const auto found = std::find_if(controls_.begin(), controls_.end(),
                                     [&](const Control* c) { return c->AddressName() == addressName; });
     return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::PopUp(Menu& menu) {
+    menu.Click();
+    windows_.MenuPoppedUp(menu);
 }
 
 void Form::Close() { windows_.Unload(*this); }

@@ -57,6 +57,7 @@ class Form : public Control {
 
     bool Loaded() const { return loaded_; }
     bool Modal() const { return modal_; }
+    void PopUp(Menu& menu);  // opens a menu at the pointer: its opening rule runs
     void Close();  // unloads the form, unless its Unload event refuses
 
     // Load comes before the form is shown, and may close it; Unload may refuse by setting its argument.

@@ -125,6 +125,10 @@ void WindowSystem::Beep() {
     for (auto* listener : listeners_) listener->Beeped();
 }
 
+void WindowSystem::MenuPoppedUp(Menu& menu) {
+    for (auto* listener : listeners_) listener->MenuPoppedUp(menu);
+}
+
 void WindowSystem::Forget(Form& form) {
     form.loaded_ = false;
     std::erase(forms_, &form);

@@ -4,11 +4,13 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qv {
 
 class Form;
+class Menu;
 
 inline constexpr const char* kProgramTitle = "Zephon Quorvantis";
 
@@ -40,6 +42,7 @@ class WindowListener {
     virtual void PromptClosed() {}
     virtual void Beeped() = 0;
     virtual void FormActivated(Form&) {}
+    virtual void MenuPoppedUp(Menu&) {}
 };
 
 class WindowSystem {
@@ -81,6 +84,7 @@ class WindowSystem {
     std::function<void(const std::string&)> ClipboardChanged;  // for a view that shares it with the system
 
     void Beep();
+    void MenuPoppedUp(Menu& menu);  // tells the listeners
     void SetScreen(int width, int height) { screenWidth_ = width, screenHeight_ = height; }  // pixels
     int ScreenWidth() const { return screenWidth_; }
     int ScreenHeight() const { return screenHeight_; }

@@ -81,7 +81,7 @@ Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
 }
 
 void Program::House::ShowWizard() {
-    WizardForm wizard({windows, services.files, session, settings, mail, preferences, sites, loader, window.TextFileName,
+    WizardForm wizard({windows, services.files, session, settings, flags, mail, preferences, sites, loader, window.TextFileName,
                        window.txtFileName});
     windows.ShowModal(wizard);
 }

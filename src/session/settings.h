@@ -76,7 +76,7 @@ struct MailSettings {
     std::string MailFromName;
     std::string MailSubject;
     std::string MailTo;
-    std::string CommentsState;  // carried along as it stands
+    std::string MailIncludeComments;  // carried along as it stands
     std::string MailAuthName;
     std::string MailAuthPassword;
     std::string MailAuthRequired;  // "Yes" or "No"
