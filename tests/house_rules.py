@@ -21,6 +21,7 @@ MAY_INCLUDE = {
     "retrieve": BASE | {"session", "extract", "sitedb", "mainwindow"},
     "check": BASE | {"session", "extract", "sitedb", "mainwindow", "retrieve"},
 }
+MAY_INCLUDE["localmode"] = MAY_INCLUDE["check"]
 SUBSYSTEMS = set(MAY_INCLUDE)
 MAY_INCLUDE["program"] = SUBSYSTEMS | {"platform/linux"}
 MAY_INCLUDE["automation"] = BASE | {"program"}

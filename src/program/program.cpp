@@ -3,11 +3,14 @@
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
 #include "extract/hyperlink_importer.h"
+#include "localmode/local_document_open.h"
 #include "mail/config_form.h"
 #include "mail/mail_settings_file.h"
 #include "mainwindow/check_form.h"
+#include "mainwindow/document_commands.h"
 #include "mainwindow/document_selection.h"
 #include "mainwindow/initial_form.h"
+#include "mainwindow/link_marks.h"
 #include "mainwindow/mode_commands.h"
 #include "mainwindow/session_commands.h"
 #include "mainwindow/spin_buttons.h"
@@ -33,6 +36,7 @@ struct Program::House {
     void ConnectWindow();
     void ConnectUnbuilt();
     void ShowWizard();
+    void Command1_Click();
     void ShowConfigForm();
     void ShowTipForm();
     void ShowAbout();
@@ -58,12 +62,15 @@ struct Program::House {
                        services.files}};
     DocumentOpen documentOpen{{window, rules, session, settings, flags, store, rows, services.http, steps, importer,
                                services.loop, services.files, services.programs}};
+    LocalDocumentOpen localDocument{{window, rules, session, settings, flags, services.http, importer, documentOpen}};
     HttpProbe httpProbe{window, settings, flags, services.http, steps, services.loop};
     LinkCheckRun checkRun{{window, rules, session, settings, flags, store, rows, services.http, steps, httpProbe, services.loop,
                            services.files}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
     SessionCommands sessionCommands{{window, rules, session, settings, flags, store, services.files, services.http, sites,
                                      loader}};
+    LinkMarks marks{{window, rules, session, settings, flags, store, rows}};
+    DocumentCommands documentCommands{{window, rules, session, settings, flags, store, services.programs}};
     ModeCommands modes{window, rules, session, settings};
     SpinButtons spin{window, flags, services.loop};
     StartUp startUp{{windows, window, initialForm, rules, session, settings, mail, flags, store, preferences, sites,
@@ -84,6 +91,16 @@ void Program::House::ShowWizard() {
     WizardForm wizard({windows, services.files, session, settings, flags, mail, preferences, sites, loader, window.TextFileName,
                        window.txtFileName});
     windows.ShowModal(wizard);
+}
+
+// The entry of a site is picked and put in force. Walking the site isn't in this version.
+void Program::House::Command1_Click() {
+    settings.EntryIsSite = kSet;
+    session.WizardCancelled = kClear;
+    ShowWizard();
+    if (session.WizardCancelled != 0) return;
+    window.TextFileName.SetText(session.SiteUrl + session.SiteFileName);
+    window.StatusBar1.SetText("Checking a whole site isn't in this version.");
 }
 
 void Program::House::ShowConfigForm() {
@@ -130,7 +147,27 @@ void Program::House::ConnectCommands() {
     sessionCommands.ComOpen_Click = open;
     sessionCommands.MenuFileNormalMode_Click = normalMode;
     sessionCommands.MenuFileLocalMode_Click = localMode;
-    checkRun.txtFileName_Click = [this] { selection.txtFileName_Click(); };
+    const auto openLocal = [this](const std::string& path, const std::string& url) {
+        localDocument.OpenLocalDocument(path, url);
+    };
+    const auto hide = [this] { marks.MenuLinkHide_Click(); };
+    const auto showDocument = [this] { selection.txtFileName_Click(); };
+    checkRun.txtFileName_Click = showDocument;
+    marks.txtFileName_Click = showDocument;
+    documentCommands.txtFileName_Click = showDocument;
+    documentCommands.ComOpen_Click = open;
+    documentCommands.OpenLocalDocument = openLocal;
+    documentOpen.OpenLocalDocument = openLocal;
+    sessionCommands.OpenLocalDocument = openLocal;
+    selection.Command1_Click = [this] { Command1_Click(); };
+    spin.FindQuestionableDocument = [this](std::int16_t direction) { marks.FindQuestionableDocument(direction); };
+
+    window.Command1.Click = window.MenuFileOpenSite.Click = [this] { Command1_Click(); };
+    window.ComHide.Click = window.MenuLinkHide.Click = window.ToolLinkQuest.Click = hide;
+    window.MenuViewReload.Click = window.ToolDocReopen.Click = [this] { documentCommands.MenuViewReload_Click(); };
+    window.MenuViewSource.Click = window.ToolDocSource.Click = [this] { documentCommands.MenuViewSource_Click(); };
+    window.MenuViewDelete.Click = window.ToolDocDelete.Click = [this] { documentCommands.MenuViewDelete_Click(); };
+    window.MenuLinkOpen.Click = [this] { documentCommands.MenuLinkOpen_Click(); };
 
     window.MenuFileNormalMode.Click = window.ToolInterMode.Click = normalMode;
     window.MenuFileLocalMode.Click = window.ToolLocalMode.Click = localMode;
@@ -166,7 +203,12 @@ void Program::House::ConnectWindow() {
     };
     window.List1.MouseDown = [this](MouseButton button) {
         if (button == MouseButton::Right) selection.List1_RightClick();
+        else marks.List1_MouseDown();
     };
+    window.List1.KeyUp = [this](Key key) {
+        if (key == Key::Space) marks.List1_KeyUp();
+    };
+    window.List1.MouseMove = [this] { marks.List1_MouseMove(); };
     window.SpinLeft.MouseDown = [this] { spin.SpinLeft_MouseDown(); };
     window.SpinRight.MouseDown = [this] { spin.SpinRight_MouseDown(); };
     window.SpinLeft.MouseUp = window.SpinRight.MouseUp = [this] { spin.Release(); };
@@ -183,10 +225,6 @@ void Program::House::ConnectUnbuilt() {
         auto* menu = dynamic_cast<Menu*>(control);
         if (menu != nullptr && menu->ParentMenu() != nullptr && menu->Entries().empty() && !menu->Click) menu->Click = say;
     }
-    if (!window.Command1.Click) window.Command1.Click = say;
-    if (!window.ComHide.Click) window.ComHide.Click = say;
-    if (!selection.Command1_Click) selection.Command1_Click = say;
-    if (!documentOpen.OpenLocalDocument) documentOpen.OpenLocalDocument = [say](const std::string&, const std::string&) { say(); };
 }
 
 Program::Program(const ProgramServices& services) : house_(std::make_unique<House>(services)) { house_->ConnectStart(*this); }

@@ -199,7 +199,7 @@ bool DocumentOpen::AnotherPass(Retrieval& r) {
 void DocumentOpen::Judge(Retrieval& r) {
     if (p_.flags.StopRequested != 0) EndStopped(r);
     else if (p_.flags.LastErrorNumber != 0) EndFailed(r);
-    else if (p_.flags.BodySeen == 0 && p_.steps.Passed(r.deadline)) EndTimedOut(r);
+    else if (p_.steps.Passed(r.deadline)) EndTimedOut(r);
     else if (p_.flags.OpenInSourceViewer != 0)
         p_.programs.Start(p_.settings.SourceViewerPath, {NativePath(p_.steps.BodyFilePath())});
     else {

@@ -43,6 +43,11 @@ void LineChannel::HandleLines() {
         const std::string line = pending_.substr(0, end);
         pending_.erase(0, end + 1);
         searched_ = 0;
+        // Lines that have come already are there for the turns of a handler that waits.
+        if (pending_.find('\n') != std::string::npos)
+            loop_.Post([this, alive = std::weak_ptr<int>(alive_)] {
+                if (!alive.expired()) HandleLines();
+            });
         line_(line);
     }
 }

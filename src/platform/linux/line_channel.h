@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,7 @@ class LineChannel {
     EventLoop& loop_;
     int input_;
     int output_;
+    std::shared_ptr<int> alive_ = std::make_shared<int>(0);  // posted work comes to nothing once this is gone
     std::string pending_;
     std::size_t searched_ = 0;  // up to here there is no line end in pending_
     std::function<void(const std::string&)> line_;
