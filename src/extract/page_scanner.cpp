@@ -129,6 +129,7 @@ void PageScanner::BeginLine(std::size_t inside) {
     lineIsPage_ = true;
     kind_ = 0;
     tag_ = 0;
+    const std::string_view whole = line_;
     if (settings_.ignoreJavaScript != 0) {
         const std::size_t blanks = line_.size() - TrimLeft(line_).size();
         lineStart_ += line_.empty() ? 0 : blanks;
@@ -136,20 +137,16 @@ void PageScanner::BeginLine(std::size_t inside) {
     }
     CollectTags();
     if (settings_.ignoreJavaScript != 0 && (hasScript_ || inScript_ != 0)) {
-        StripScriptBlocks(line_);
+        StripScriptBlocks(whole);
         CollectTags();
         if (inScript_ == kSet && settings_.ignoreJavaScript == kSet) kind_ = kKinds;
     }
 }
 
-bool PageScanner::CollectTags() {
+void PageScanner::CollectTags() {
     for (auto& places : tags_) places.clear();
     hasScript_ = false;
-    bool any = false;
-    const auto add = [&](Kind kind, std::size_t at) {
-        tags_[kind].push_back(static_cast<std::uint32_t>(at));
-        any = true;
-    };
+    const auto add = [&](Kind kind, std::size_t at) { tags_[kind].push_back(static_cast<std::uint32_t>(at)); };
     for (std::size_t at = FindByte(line_, '<', 0, line_.size()); at < line_.size();
          at = FindByte(line_, '<', at + 1, line_.size())) {
         if (at + 1 == line_.size()) break;
@@ -184,7 +181,6 @@ bool PageScanner::CollectTags() {
             default: break;
         }
     }
-    return any;
 }
 
 // Takes script out of the line, and notes whether a block goes on behind it.

@@ -52,7 +52,7 @@ class PageScanner {
     bool LooksInteresting(std::size_t at) const;
     void BeginLine(std::size_t inside);
     void FindLineBounds(std::size_t inside);
-    bool CollectTags();
+    void CollectTags();
     void StripScriptBlocks(std::string_view line);
     void ScanSome();
     void ScanTag(Kind kind, std::size_t at);

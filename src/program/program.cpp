@@ -1,5 +1,6 @@
 #include "program/program.h"
 
+#include "check/code_form.h"
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
 #include "extract/hyperlink_importer.h"
@@ -49,6 +50,7 @@ struct Program::House {
     WindowSystem windows{[this] { services.loop.WaitFor(kWaitForever); }};
     CheckForm window{windows};
     InitialForm initialForm{windows};
+    CodeForm codeForm{windows};
 
     DocumentStore store{services.files, session};
     SiteDatabase sites{services.files, session};
@@ -181,6 +183,7 @@ void Program::House::ConnectCommands() {
         services.store.Save("Options", "Show Tips at Startup", "1");
         ShowTipForm();
     };
+    window.MenuHelpStatus.Click = [this] { windows.Show(codeForm); };
     window.MenuHelpAbout.Click = [this] { ShowAbout(); };
     window.ComStart.Click = [this] { checkRun.ComStart_Click(); };
     window.ComStop.Click = [this] { checkRun.ComStop_Click(); };

@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
         DecisionCase{"file", {"http://h/a", "a", "\\p", false, kLocal}, LinkRoad::LocalFile, nullptr},
         DecisionCase{"pathInternet", {"http://h/a", "a", "\\p"}, LinkRoad::Http, nullptr},
         DecisionCase{"http", {"http://h/a", "a", "", false, kLocal}, LinkRoad::Http, nullptr}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& tested) { return tested.param.name; });
 
 ProbeOutcome Failed(int number, std::string_view reply, std::string_view text = "x") {
     return {.lastErrorNumber = number, .lastErrorText = text, .replyText = reply, .url = "http://h/", .followRedirects = true};

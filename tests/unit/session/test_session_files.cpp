@@ -42,7 +42,7 @@ TEST(LinksFile, GivesWhatACutFileHolds) {
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         LinkTable links;
         ParseLinks(std::string_view(whole).substr(0, length), links);
-        EXPECT_EQ(links.LinkCount, length == 0 ? 0 : length <= 28 ? 1 : 2) << length;
+        EXPECT_EQ(links.LinkCount, length == 0 ? 0 : length <= 30 ? 1 : 2) << length;
         EXPECT_EQ(links.LinkUrls.size(), static_cast<std::size_t>(links.LinkCount) + 1) << length;
         for (const auto& flag : links.LinkFlags) EXPECT_EQ(flag.Status.size(), 6U) << length;
     }

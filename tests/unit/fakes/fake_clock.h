@@ -1,0 +1,18 @@
+// A clock that stands still until a test moves it.
+#pragma once
+
+#include "platform/clock.h"
+
+namespace qv {
+
+class FakeClock : public Clock {
+   public:
+    double SecondsSinceMidnight() const override { return now; }
+    std::tm LocalTime() const override { return {}; }
+    bool PausesWanted() const override { return pauses; }
+
+    double now = 36000;
+    bool pauses = true;
+};
+
+}  // namespace qv
