@@ -30,25 +30,27 @@ void Climb(std::string& path, std::string& address) {
     address.erase(0, taken);
 }
 
+// Where a relative address stands: the folder that goes in front of it. `local` is the same place below the local root.
 void ResolveRelative(const DocumentBase& base, std::string& address, std::string& linkPath) {
     std::string folder = base.DocumentFolder;
-    std::string local;
-    if (StartsWith(address, "../") || StartsWith(address, "./")) {
+    const bool climbs = StartsWith(address, "../") || StartsWith(address, "./");
+    const bool rooted = StartsWith(address, "/");
+    const bool fragment = StartsWith(address, "#");
+    if (climbs) {
         folder = base.URLPath.substr(0, base.URLPath.rfind('/') + 1);
         Climb(folder, address);
-        local = folder + address;
-    } else if (StartsWith(address, "/")) {
+    } else if (rooted) {
         folder.clear();
-        local = address;
-    } else if (StartsWith(address, "#")) {
+    } else if (fragment) {
         folder += base.DocumentFile;
-        local = folder;
-    } else {
-        local = folder + address;
-        local.resize(std::min(local.find('#'), local.size()));
     }
-    if (!base.LocalBase.empty()) linkPath = base.LocalBase + local;
-    address = base.ServerPrefix + folder + address;
+    if (!base.LocalBase.empty()) {
+        std::string local = fragment ? folder : folder + address;
+        if (!climbs && !rooted && !fragment) local.resize(std::min(local.find('#'), local.size()));
+        linkPath = base.LocalBase + local;
+    }
+    folder.insert(0, base.ServerPrefix);
+    address.insert(0, folder);
 }
 
 }  // namespace

@@ -11,10 +11,11 @@ std::string CleanLinkAddress(std::string_view raw) {
     if (EndsWith(text, ">")) text.pop_back();
     const auto quote = text.find('"', 1);
     if (!text.empty() && quote != std::string::npos) text.resize(quote);
-    return ReplaceAll(text, "\"", "");
+    return text.find('"') == std::string::npos ? text : ReplaceAll(text, "\"", "");
 }
 
 std::string FinishLabelText(std::string_view text) {
+    if (text.find('&') == std::string_view::npos) return std::string(Trim(text));
     return std::string(Trim(ReplaceAll(ReplaceAll(text, "&amp;", "&"), "&nbsp;", "")));
 }
 

@@ -16,6 +16,10 @@ constexpr std::size_t kLongLabel = 1024;            // from here on labels are s
 constexpr std::size_t kChangedLabel = 1024 * 1024;  // what is cut out at most of a line that script was taken out of
 constexpr std::size_t kMostAddress = bounds::kAddressBytes + 4096;
 
+void CutTo(std::string& text, std::size_t bytes) {
+    if (text.size() > bytes) text.resize(FitBytes(text, bytes).size());
+}
+
 const char* AttributeOf(int kind) {
     // In the order of the kinds: the ones that are told by a quoted attribute.
     static constexpr std::array<const char*, 11> kAttributes = {nullptr, "href",       nullptr, "src", nullptr, nullptr,
@@ -64,7 +68,7 @@ PageScanner::Inner PageScanner::TakeInner(const TagText& tag, std::size_t from, 
 std::string PageScanner::LabelOf(const Inner& inner) {
     const std::string_view raw = inner.inPage ? page_.substr(inner.from, inner.to - inner.from) : std::string_view(inner.text);
     std::string label = inner.inPage && raw.size() > kLongLabel ? labels_.Label(inner.from, inner.to) : CleanLabelText(raw);
-    label = std::string(FitBytes(label, bounds::kLabelBytes));
+    CutTo(label, bounds::kLabelBytes);
     cutBytes_ += label.size();
     return label;
 }
@@ -173,9 +177,11 @@ void PageScanner::AddLink(Kind kind, std::string address, std::string label) {
     if (script && kind == kImage) label = "[Script Image]";
     if (script && kind == kArea) label = "[Script Image Map]";
     if (kind == kOption) label = script ? "[Script Option]" : "[Menu] " + label;
-    if (kind != kAnchor) label = std::string(Trim(label));
-    links_.Add(std::string(FitBytes(label, bounds::kLabelBytes)), std::string(FitBytes(address, bounds::kAddressBytes)), {},
-               std::string(FitBytes(path, bounds::kAddressBytes)));
+    if (kind == kOption) label = std::string(Trim(label));
+    CutTo(label, bounds::kLabelBytes);
+    CutTo(address, bounds::kAddressBytes);
+    CutTo(path, bounds::kAddressBytes);
+    links_.Add(std::move(label), std::move(address), {}, std::move(path));
 }
 
 }  // namespace qv
