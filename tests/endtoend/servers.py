@@ -1,0 +1,147 @@
+"""Servers on the loopback: one with odd manners that keeps every byte it was sent, and a real nginx."""
+import os
+import shutil
+import socket
+import struct
+import subprocess
+import tempfile
+import threading
+import time
+from pathlib import Path
+
+
+class OddServer:
+    """answers: target -> bytes to send, a list of pieces (bytes, or seconds to wait), or one of the words below.
+    silent: takes the request and says nothing; close: closes without a byte; reset: ends with a reset."""
+
+    def __init__(self, answers=None, host="127.0.0.1"):
+        self.answers = dict(answers or {})
+        self.listener = socket.create_server((host, 0))
+        self.host, self.port = self.listener.getsockname()[:2]
+        self.requests = []  # (connection number, raw bytes)
+        self.lock = threading.Lock()
+        self.stopped = threading.Event()
+        threading.Thread(target=self._accept, daemon=True).start()
+
+    def url(self, path=""):
+        return "http://%s:%d/%s" % (self.host, self.port, path)
+
+    def asked(self):
+        """Method and target of each request."""
+        with self.lock:
+            return [tuple(raw.split(b" ", 2)[:2]) for _, raw in self.requests]
+
+    def raw(self):
+        with self.lock:
+            return [raw for _, raw in self.requests]
+
+    def _accept(self):
+        number = 0
+        while True:
+            try:
+                connection, _ = self.listener.accept()
+            except OSError:
+                return
+            number += 1
+            threading.Thread(target=self._serve, args=(connection, number), daemon=True).start()
+
+    def _serve(self, connection, number):
+        buffer = b""
+        with connection:
+            while not self.stopped.is_set():
+                while b"\r\n\r\n" not in buffer:
+                    try:
+                        data = connection.recv(65536)
+                    except OSError:
+                        return
+                    if not data:
+                        return
+                    buffer += data
+                head, buffer = buffer.split(b"\r\n\r\n", 1)
+                with self.lock:
+                    self.requests.append((number, head + b"\r\n\r\n"))
+                method, target = head.split(b" ")[:2]
+                if not self._answer(connection, method.decode(), target.decode("latin-1")):
+                    return
+
+    def _answer(self, connection, method, target):
+        answer = self.answers.get((method, target), self.answers.get(target, self.answers.get("*", reply(404, "Not Found"))))
+        if answer == "silent":
+            self.stopped.wait(120)
+            return False
+        if answer == "close":
+            return False
+        if answer == "reset":
+            connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+            return False
+        try:
+            for piece in answer if isinstance(answer, list) else [answer]:
+                if isinstance(piece, (int, float)):
+                    time.sleep(piece)
+                else:
+                    connection.sendall(piece.split(b"\r\n\r\n")[0] + b"\r\n\r\n" if method == "HEAD" and b"\r\n\r\n" in piece else piece)
+        except OSError:
+            return False
+        return b"HTTP/1.1" in (answer if isinstance(answer, bytes) else b"HTTP/1.1")
+
+    def stop(self):
+        self.stopped.set()
+        self.listener.close()
+
+
+def reply(code=200, reason="OK", body=b"", *headers):
+    head = ["HTTP/1.1 %d %s" % (code, reason), "Content-Length: %d" % len(body), *headers]
+    return "\r\n".join(head).encode() + b"\r\n\r\n" + body
+
+
+def page(*addresses):
+    return b"<html><body>\r\n" + b"".join(b'<a href="%s">link</a>\r\n' % a.encode() for a in addresses) + b"</body></html>\r\n"
+
+
+def closed_port():
+    """A port that refuses connections: bound, but nothing listens."""
+    holder = socket.socket()
+    holder.bind(("127.0.0.1", 0))
+    return holder, holder.getsockname()[1]
+
+
+class Nginx:
+    """A real nginx that serves a scratch folder on a free port."""
+
+    def __init__(self, files):
+        self.root = Path(tempfile.mkdtemp(prefix="quorvantis-nginx-"))
+        self.root.chmod(0o755)
+        (self.root / "site").mkdir()
+        for name, data in files.items():
+            path = self.root / "site" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(data)
+        free = socket.create_server(("127.0.0.1", 0))
+        self.port = free.getsockname()[1]
+        free.close()
+        user = "user root;" if os.geteuid() == 0 else ""
+        (self.root / "nginx.conf").write_text("""%s daemon off; pid %s/pid; error_log %s/error.log; worker_processes 1;
+events { worker_connections 256; }
+http { access_log off; keepalive_requests 1000000; client_body_temp_path %s/t1; proxy_temp_path %s/t2;
+  fastcgi_temp_path %s/t3; uwsgi_temp_path %s/t4; scgi_temp_path %s/t5;
+  server { listen 127.0.0.1:%d; root %s/site;
+    location /moved { return 302 http://127.0.0.1:%d/good.html; }
+    location /gone { return 410; } location /broken { return 503; } location /locked { return 403; } } }
+""" % ((user,) + (self.root,) * 7 + (self.port, self.root, self.port)))
+        self.process = subprocess.Popen([shutil.which("nginx") or "/usr/sbin/nginx", "-c", str(self.root / "nginx.conf"),
+                                         "-e", str(self.root / "error.log")], stderr=subprocess.DEVNULL)
+        for _ in range(250):
+            try:
+                socket.create_connection(("127.0.0.1", self.port), 1).close()
+                return
+            except OSError:
+                time.sleep(0.02)
+        raise AssertionError("nginx doesn't answer")
+
+    def url(self, path=""):
+        return "http://127.0.0.1:%d/%s" % (self.port, path)
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(10)
+        shutil.rmtree(self.root, ignore_errors=True)
