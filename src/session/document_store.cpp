@@ -21,9 +21,7 @@ void DocumentStore::WriteHeader(std::int32_t number, const HeaderLines& lines) {
 }
 
 void DocumentStore::SaveLinkList(std::int32_t number) {
-    const std::string bytes = ComposeLinks(session_.Links);
-    savedLinkBytes_ = bytes.size();
-    files_.Write(CacheFile(number, ".lks"), bytes);
+    files_.Write(CacheFile(number, ".lks"), composer_.Compose(session_.Links));
 }
 
 void DocumentStore::LoadLinkList(std::int32_t number) {

@@ -9,6 +9,7 @@
 
 #include "controls/list_box.h"
 #include "platform/files.h"
+#include "session/link_file_composer.h"
 #include "session/session.h"
 #include "session/session_files.h"
 
@@ -23,7 +24,7 @@ class DocumentStore {
 
     void SaveLinkList(std::int32_t number);  // the session's link table to the document's file
     void LoadLinkList(std::int32_t number);  // and back; an empty table if that fails
-    std::size_t SavedLinkBytes() const { return savedLinkBytes_; }  // how long the file was that was saved last
+    std::size_t SavedLinkBytes() const { return composer_.Size(); }  // how long the file was that was saved last
 
     std::int32_t NextCacheNumber();  // takes and counts on the counter of cache\ccounter.txt
     bool HasCounter() const;
@@ -45,7 +46,7 @@ class DocumentStore {
 
     Files& files_;
     Session& session_;
-    std::size_t savedLinkBytes_ = 0;
+    LinkFileComposer composer_;
 };
 
 }  // namespace qv

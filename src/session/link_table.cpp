@@ -10,6 +10,7 @@ void LinkFlag::SetStatus(std::string_view status) { Status = PadCharacters(First
 std::string_view LinkFlag::TrimmedStatus() const { return Trim(Status); }
 
 void LinkTable::Clear() {
+    Touch();
     LinkCount = 0;
     LinkTexts.assign(1, "");
     LinkUrls.assign(1, "");
@@ -18,6 +19,7 @@ void LinkTable::Clear() {
 }
 
 void LinkTable::Add(std::string text, std::string url, LinkFlag flag, std::string path) {
+    Touch();
     ++LinkCount;
     LinkTexts.push_back(std::move(text));
     LinkUrls.push_back(std::move(url));

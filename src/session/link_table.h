@@ -32,7 +32,13 @@ class LinkTable {
 
     void Clear();
     void Add(std::string text, std::string url, LinkFlag flag, std::string path);
+    // Another number for another table, and after Touch. Who changes texts, addresses or paths in place touches the table.
+    std::uint64_t Generation() const { return generation_; }
+    void Touch() { ++generation_; }
     bool Has(std::int32_t link) const { return link >= 1 && link <= LinkCount; }
+
+   private:
+    std::uint64_t generation_ = 0;
 };
 
 // GoodLinks: looked through before the network is asked. Exact, case-sensitive.

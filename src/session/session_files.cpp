@@ -1,5 +1,7 @@
 #include "session/session_files.h"
 
+#include <algorithm>
+
 #include "platform/bounds.h"
 #include "text/basic_text.h"
 #include "text/lines.h"
@@ -29,15 +31,31 @@ HeaderLines ParseHeader(std::string_view bytes) {
 }
 
 std::string ComposeLinks(const LinkTable& links) {
-    LineWriter writer;
-    for (std::size_t i = 1; i < links.LinkTexts.size(); ++i) {
-        writer.Line(Trim(links.LinkTexts[i]))
-            .Line(Trim(links.LinkUrls[i]))
-            .Line(links.LinkFlags[i].Marked() ? "X" : "")
-            .Line(links.LinkFlags[i].TrimmedStatus())
-            .Line(Trim(links.LinkPaths[i]));
+    std::string bytes;
+    ComposeLinks(links, 1, links.LinkTexts.size(), bytes);
+    return bytes;
+}
+
+void ComposeLinks(const LinkTable& links, std::size_t first, std::size_t end, std::string& bytes) {
+    constexpr std::size_t kMostPerLink = 1 + 6 + 5 * 2;  // mark, status and the line ends
+    std::size_t room = 0;
+    for (std::size_t i = first; i < end; ++i)
+        room += links.LinkTexts[i].size() + links.LinkUrls[i].size() + links.LinkPaths[i].size() + kMostPerLink;
+    bytes.resize(room);
+    char* to = bytes.data();
+    const auto line = [&to](std::string_view text) {
+        to = std::copy(text.begin(), text.end(), to);
+        *to++ = '\r';
+        *to++ = '\n';
+    };
+    for (std::size_t i = first; i < end; ++i) {
+        line(Trim(links.LinkTexts[i]));
+        line(Trim(links.LinkUrls[i]));
+        line(links.LinkFlags[i].Marked() ? "X" : "");
+        line(links.LinkFlags[i].TrimmedStatus());
+        line(Trim(links.LinkPaths[i]));
     }
-    return writer.Bytes();
+    bytes.resize(static_cast<std::size_t>(to - bytes.data()));
 }
 
 void ParseLinks(std::string_view bytes, LinkTable& links) {

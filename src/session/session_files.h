@@ -27,6 +27,8 @@ HeaderLines ParseHeader(std::string_view bytes);
 // cache\xlf<key>.lks: five lines a link, each value trimmed. Parsing replaces the table; lines that a cut file doesn't have
 // are empty, and links beyond the bound of a document are dropped.
 std::string ComposeLinks(const LinkTable& links);
+// The same for the links from `first` up to, but not including, `end`, into a text that keeps its room.
+void ComposeLinks(const LinkTable& links, std::size_t first, std::size_t end, std::string& bytes);
 void ParseLinks(std::string_view bytes, LinkTable& links);
 
 // session.zdt: the address and, in print style, the cache number of each document.

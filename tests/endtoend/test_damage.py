@@ -1,4 +1,9 @@
 """Damaged files and hostile replies: the program starts, stays usable, and says nothing that it must not."""
+import os
+import signal
+import subprocess
+from pathlib import Path
+
 from case import Case
 from servers import page, reply
 
@@ -35,11 +40,12 @@ class Damage(Case):
     def test_a_folder_in_the_place_of_a_file(self):
         for name in ("quorvant.cfg", "preferen.zdt", "sitedata.zdt", "session.zdt"):
             with self.subTest(name):
+                scratch, self.scratch = self.scratch, type(self.scratch)()
+                scratch.remove()
                 (self.scratch.home / name).mkdir()
                 p = self.program()
-                p.state("CheckForm.List1")
+                self.assert_usable(p)
                 p.close()
-                (self.scratch.home / name).rmdir()
 
     def test_a_hostile_page(self):
         body = (b"\0<a href=\"a\0b.htm\">x\0y</a>\r\n<a href=\"\xff\xfe.htm\">\xff\xc3</a>\n<a href=\"" + b"l" * 200000 + b"\">"
@@ -104,6 +110,18 @@ class Command(Case):
         self.assertEqual(self.command().returncode, 64)
         self.assertEqual(self.command("--no-such-option", server.url()).returncode, 64)
         self.assertEqual(self.command("--help").returncode, 0)
+
+    def test_an_interrupt_stops_and_prints_what_is_known(self):
+        server = self.server({"/d.htm": reply(200, "OK", page("gone.htm", "hang.htm")), "/hang.htm": "silent"})
+        tool = Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"
+        process = subprocess.Popen([str(tool), server.url("d.htm")], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        while (b"HEAD", b"/hang.htm") not in server.asked() and process.poll() is None:
+            pass
+        process.send_signal(signal.SIGINT)
+        out, _ = process.communicate(timeout=20)
+        self.assertEqual(process.returncode, 3)
+        self.assertIn("  404    " + server.url("gone.htm"), out)
+        self.assertTrue(out.endswith("1 of 1 links checked were questionable.\n"), out)
 
     def test_a_kept_session(self):
         server = self.server({"/d.htm": reply(200, "OK", page("a.htm")), "/a.htm": reply()})

@@ -14,6 +14,7 @@ namespace qv {
 namespace {
 
 constexpr mode_t kOwnerOnly = 0600;  // some of the files hold passwords
+constexpr const char* kTemporary = "~";  // at the end of a name; what a crash leaves of it is written over the next time
 constexpr std::size_t kReadStep = 1024 * 1024;
 
 FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }
@@ -111,7 +112,7 @@ FileResult SystemFiles::Read(const std::string& path, std::string& bytes, std::i
 FileResult SystemFiles::Write(const std::string& path, std::string_view bytes) {
     if (HasNul(path)) return Failure(ENOENT);
     const std::string target = NativePath(path);
-    const std::string temporary = target + ".new" + std::to_string(getpid());
+    const std::string temporary = target + kTemporary;
     int error = 0;
     {
         const Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly));

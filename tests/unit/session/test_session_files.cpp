@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "session/link_file_composer.h"
+
 namespace qv {
 namespace {
 
@@ -53,6 +55,25 @@ TEST(LinksFile, CutsAStatusToSixCharacters) {
     ParseLinks("t\r\nu\r\nY\r\ntoo long a status\r\np\r\n", links);
     EXPECT_EQ(links.LinkFlags[1].Status, "too lo");
     EXPECT_FALSE(links.LinkFlags[1].Marked());
+}
+
+TEST(LinkFileComposerTest, ComposesWhatTheWholeTableGives) {
+    LinkTable links;
+    for (int i = 0; i < 1000; ++i) links.Add("text " + std::to_string(i), "http://h/" + std::to_string(i), Flagged('X', ""), "");
+    LinkFileComposer composer;
+    EXPECT_EQ(composer.Compose(links), ComposeLinks(links));
+    for (const std::size_t i : {1U, 128U, 129U, 500U, 1000U}) {
+        links.LinkFlags[i].Mark = ' ';
+        links.LinkFlags[i].SetStatus("404");
+        EXPECT_EQ(composer.Compose(links), ComposeLinks(links)) << i;
+    }
+    links.Add("more", "u", Flagged(' ', "OK"), "p");
+    EXPECT_EQ(composer.Compose(links), ComposeLinks(links));
+    links.LinkTexts[7] = "another";
+    links.Touch();
+    EXPECT_EQ(composer.Compose(links), ComposeLinks(links));
+    links.Clear();
+    EXPECT_EQ(composer.Compose(links), "");
 }
 
 TEST(HeaderFile, HoldsEightLines) {
