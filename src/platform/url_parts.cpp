@@ -16,8 +16,10 @@ void TakePort(std::string& server, int& port) {
     const char* first = server.data() + colon + 1;
     const char* last = server.data() + end;
     const auto [rest, error] = std::from_chars(first, last, value);
-    if (first != last && (error != std::errc{} || rest != last)) return;
-    if (value >= 1 && value <= 65535) port = value;
+    if (first != last) {
+        if (error != std::errc{} || rest != last || value < 1 || value > 65535) return;
+        port = value;
+    }
     server.erase(colon, end - colon);
 }
 
