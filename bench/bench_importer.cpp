@@ -33,18 +33,23 @@ std::string OrdinaryPage(unsigned seed) {
     const auto next = [&seed] { return seed = seed * 1664525U + 1013904223U, (seed >> 16) & 0x7FFF; };
     std::string page =
         "<!DOCTYPE html>\r\n<html lang=\"en\">\r\n<head>\r\n<meta charset=\"utf-8\">\r\n<title>Page</title>\r\n"
-        "<link rel=\"stylesheet\" href=\"/style.css\">\r\n<script>\r\nvar x = 1;\r\nfunction f(a) { return a < x; }\r\n</script>\r\n"
+        "<link rel=\"stylesheet\" href=\"/style.css\">\r\n<script>\r\nvar x = 1;\r\nfunction f(a) { return a < x; "
+        "}\r\n</script>\r\n"
         "</head>\r\n<body>\r\n<div class=\"nav\"><ul>\r\n";
     for (int i = 0; i < 12; ++i)
-        page += "  <li class=\"item\"><a href=\"/section" + std::to_string(i) + "/index.html\">Section " + std::to_string(i) + "</a></li>\r\n";
+        page += "  <li class=\"item\"><a href=\"/section" + std::to_string(i) + "/index.html\">Section " + std::to_string(i) +
+                "</a></li>\r\n";
     page += "</ul></div>\r\n";
     for (int i = 0; i < 120; ++i) {
         page += "<p class=\"text\">";
         for (unsigned word = 0, words = 40 + next() % 60; word < words; ++word) {
-            static const char* const kWords[] = {"river ", "boat ", "the ", "<b>club</b> ", "of ", "rowing, ", "morning ", "oars "};
+            static const char* const kWords[] = {"river ", "boat ",    "the ",     "<b>club</b> ",
+                                                 "of ",    "rowing, ", "morning ", "oars "};
             page += kWords[next() % 8];
         }
-        if (next() % 3 == 0) page += "<a class=\"more\" href=\"../docs/page" + std::to_string(next()) + ".html\" title=\"More\">more &amp; more</a>";
+        if (next() % 3 == 0)
+            page +=
+                "<a class=\"more\" href=\"../docs/page" + std::to_string(next()) + ".html\" title=\"More\">more &amp; more</a>";
         if (next() % 8 == 0) page += "<img src=\"pics/p" + std::to_string(next()) + ".jpg\" alt=\"A picture\" width=\"200\">";
         page += "</p>\r\n<div><span>" + std::to_string(next()) + "</span><br></div>\r\n";
     }
@@ -113,15 +118,21 @@ int main() {
     double importing = 1e9;
     double bare = 1e9;
     for (int round = 0; round < 5; ++round) {
-        importing = std::min(importing, Seconds([&] { for (const auto& page : pages) links += static_cast<std::size_t>(Import(page)); }));
-        bare = std::min(bare, Seconds([&] { for (const auto& page : pages) tags += BarePass(page); }));
+        importing = std::min(importing, Seconds([&] {
+                                 for (const auto& page : pages) links += static_cast<std::size_t>(Import(page));
+                             }));
+        bare = std::min(bare, Seconds([&] {
+                            for (const auto& page : pages) tags += BarePass(page);
+                        }));
     }
     std::printf("%zu pages, %.1f MB, %zu links\n", pages.size(), megabytes, links / 5);
     std::printf("importer   %8.0f MB/s\n", megabytes / importing);
     std::printf("bare pass  %8.0f MB/s   importer / bare pass = %.2f\n", megabytes / bare, bare / importing);
 #ifdef HAVE_GUMBO
     const double gumbo = Seconds([&] {
-        for (const auto& page : pages) gumbo_destroy_output(&kGumboDefaultOptions, gumbo_parse_with_options(&kGumboDefaultOptions, page.data(), page.size()));
+        for (const auto& page : pages)
+            gumbo_destroy_output(&kGumboDefaultOptions,
+                                 gumbo_parse_with_options(&kGumboDefaultOptions, page.data(), page.size()));
     });
     std::printf("libgumbo   %8.0f MB/s   importer / libgumbo = %.1f\n", megabytes / gumbo, gumbo / importing);
 #else
@@ -129,7 +140,8 @@ int main() {
 #endif
     std::printf("\nHostile pages of 1, 2, 4 and 8 MB\n");
     Hostile("<a href=\"x on each line, never closed", [](std::size_t n) { return Repeated("<a href=\"x\n", n); });
-    Hostile("<a href=\"x\"> on each line, closed at the end", [](std::size_t n) { return Repeated("<a href=\"x\">\n", n, "</a>"); });
+    Hostile("<a href=\"x\"> on each line, closed at the end",
+            [](std::size_t n) { return Repeated("<a href=\"x\">\n", n, "</a>"); });
     Hostile("<a on each line, one address at the end", [](std::size_t n) { return Repeated("<a \n", n, "href=\"x\">y</a>"); });
     Hostile("<img on each line, never closed", [](std::size_t n) { return Repeated("<img src=\n", n); });
     Hostile("<meta url= on each line, never closed", [](std::size_t n) { return Repeated("<meta url=\n", n); });

@@ -13,7 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)qv::NormalizeLineEnds(text);
     const std::string reply = qv::ReplyText(text);
     for (const int number : {0, 1, 404, 25003, 25061, 12152}) {
-        const auto judged = qv::JudgeOutcome({.lastErrorNumber = number, .lastErrorText = text, .replyText = reply, .url = text,
+        const auto judged = qv::JudgeOutcome({.lastErrorNumber = number,
+                                              .lastErrorText = text,
+                                              .replyText = reply,
+                                              .url = text,
                                               .followRedirects = size % 2 == 0});
         if (judged.status.size() != 6) std::abort();
     }

@@ -16,8 +16,10 @@ nlohmann::json ControlDriver::State(Control& control) { return StateOf(control);
 void ControlDriver::Click(Control& control) { user::Click(control); }
 
 void ControlDriver::EnterText(Control& box, const std::string& text) {
-    if (box.Kind() == ControlKind::ComboBox) static_cast<ComboBox&>(box).EnterText(text);
-    else static_cast<TextBox&>(box).EnterText(text);
+    if (box.Kind() == ControlKind::ComboBox)
+        static_cast<ComboBox&>(box).EnterText(text);
+    else
+        static_cast<TextBox&>(box).EnterText(text);
 }
 
 void ControlDriver::SetValue(Control& control, long value) {
@@ -32,13 +34,17 @@ void ControlDriver::SetValue(Control& control, long value) {
 }
 
 void ControlDriver::ClickRow(Control& list, int row) {
-    if (list.Kind() == ControlKind::ComboBox) static_cast<ComboBox&>(list).ClickItem(row);
-    else static_cast<ListBox&>(list).ClickRow(row);
+    if (list.Kind() == ControlKind::ComboBox)
+        static_cast<ComboBox&>(list).ClickItem(row);
+    else
+        static_cast<ListBox&>(list).ClickRow(row);
 }
 
 void ControlDriver::DoubleClickRow(Control& list, int row) {
-    if (list.Kind() == ControlKind::ComboBox) static_cast<ComboBox&>(list).ClickItem(row);
-    else static_cast<ListBox&>(list).DoubleClickRow(row);
+    if (list.Kind() == ControlKind::ComboBox)
+        static_cast<ComboBox&>(list).ClickItem(row);
+    else
+        static_cast<ListBox&>(list).DoubleClickRow(row);
 }
 
 void ControlDriver::RightClickRow(Control& list, int row) {

@@ -21,9 +21,7 @@ bool IsEntry(const Control& control) {
     return control.Kind() == ControlKind::Menu && static_cast<const Menu&>(control).ParentMenu() != nullptr;
 }
 
-bool IsList(const Control& control) {
-    return control.Kind() == ControlKind::ListBox || control.Kind() == ControlKind::ComboBox;
-}
+bool IsList(const Control& control) { return control.Kind() == ControlKind::ListBox || control.Kind() == ControlKind::ComboBox; }
 
 int RowCount(const Control& control) {
     return control.Kind() == ControlKind::ComboBox ? static_cast<const ComboBox&>(control).Count()
@@ -124,8 +122,10 @@ json Requests::Act(const std::string& verb, Target& target, const json& request)
 json Requests::ActOnForm(const std::string& verb, Form& form) {
     const std::string blocker = windows_.BlockedBy(form);
     if (!blocker.empty()) return Refusal("blocked by " + blocker);
-    if (verb == "close") driver_.CloseForm(form);
-    else driver_.ActivateForm(form);
+    if (verb == "close")
+        driver_.CloseForm(form);
+    else
+        driver_.ActivateForm(form);
     return Done();
 }
 

@@ -38,8 +38,10 @@ void HttpProbe::Pass(LinkProbe& probe) {
     loop_.YieldIfDue();
     steps_.ArmWatchdog(false);
     probe.deadline = steps_.Now() + settings_.HttpTimeout;
-    if (probe.lookup.errorText.empty()) Ask(probe, server);
-    else flags_.LastErrorNumber = probe.lookup.errorNumber;
+    if (probe.lookup.errorText.empty())
+        Ask(probe, server);
+    else
+        flags_.LastErrorNumber = probe.lookup.errorNumber;
     steps_.ProbeWait(probe.deadline, probe.lookup);
     http_.SetURLServer(server);
     ++probe.passCount;
@@ -59,8 +61,8 @@ bool HttpProbe::AnotherPass(LinkProbe& probe) {
     probe.replyText = ReplyText(http_.StatusLine());
     const bool moved = Contains(probe.replyText, "302") || Contains(probe.replyText, "301");
     if (moved && settings_.FollowRedirects != 0) {
-        const auto target = ParseRedirect(flags_.HeaderBuffer,
-                                          {http_.URLScheme(), http_.URLServer(), http_.URLPort(), http_.URLPath()});
+        const auto target =
+            ParseRedirect(flags_.HeaderBuffer, {http_.URLScheme(), http_.URLServer(), http_.URLPort(), http_.URLPath()});
         if (!target) return false;
         Redirect(probe, *target);
         return true;

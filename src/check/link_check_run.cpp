@@ -136,8 +136,10 @@ void LinkCheckRun::ProbeFile(LinkProbe& probe, const std::string& path) {
 void LinkCheckRun::ProbeFtp(LinkProbe& probe) {
     p_.flags.Clear();
     probe.deadline = p_.steps.Now() + p_.settings.FtpTimeout;
-    if (FtpProbe) FtpProbe(probe);
-    else p_.flags.Set(kErrorOther, "FTP not supported");
+    if (FtpProbe)
+        FtpProbe(probe);
+    else
+        p_.flags.Set(kErrorOther, "FTP not supported");
 }
 
 bool LinkCheckRun::Judge(int row, LinkProbe& probe) {
@@ -212,9 +214,8 @@ void LinkCheckRun::CreateAutomaticReports() {
     std::string errorText;
     CreateReports(errorText);
     const std::string lineBreaks = p_.session.LineBreak + p_.session.LineBreak;
-    p_.session.LogText += (errorText.empty() ? std::string("Reports have been emailed. ")
-                                             : "There was an Email error: " + errorText) +
-                          lineBreaks;
+    p_.session.LogText +=
+        (errorText.empty() ? std::string("Reports have been emailed. ") : "There was an Email error: " + errorText) + lineBreaks;
 }
 
 void LinkCheckRun::End() {

@@ -36,11 +36,11 @@ class LinkCheckRun {
     void ComStop_Click();
     void ComSkip_Click();
 
-    std::function<void()> txtFileName_Click;          // shows the selected document's rows anew
-    std::function<bool()> CompanionRunning;           // whether the companion has its window open
-    std::function<void(LinkProbe& probe)> FtpProbe;   // asks an "ftp:" link
+    std::function<void()> txtFileName_Click;                    // shows the selected document's rows anew
+    std::function<bool()> CompanionRunning;                     // whether the companion has its window open
+    std::function<void(LinkProbe& probe)> FtpProbe;             // asks an "ftp:" link
     std::function<void(std::string& errorText)> CreateReports;  // the automatic reports at the end
-    std::function<void()> RowJudged;                  // after each row, for a progress line
+    std::function<void()> RowJudged;                            // after each row, for a progress line
 
     long QuestionableCount() const { return QuestionableCount_; }
     long GoodCount() const { return GoodCount_; }

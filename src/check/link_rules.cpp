@@ -6,9 +6,7 @@
 namespace qv {
 namespace {
 
-Judgement GoodResult(const ProbeOutcome& probe) {
-    return {probe.redirectSeen ? status::kGoodRedirected : status::kGood, true};
-}
+Judgement GoodResult(const ProbeOutcome& probe) { return {probe.redirectSeen ? status::kGoodRedirected : status::kGood, true}; }
 
 // A failure without a status code of a server.
 std::string FailureStatus(const ProbeOutcome& probe) {

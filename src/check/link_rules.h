@@ -32,7 +32,7 @@ struct LinkDecision {
     const char* status = nullptr;  // when settled
 };
 struct LinkFacts {
-    std::string_view url;   // the three texts trimmed
+    std::string_view url;  // the three texts trimmed
     std::string_view text;
     std::string_view path;
     bool knownGood = false;  // GoodLinks holds the address, and no stop is asked for
@@ -56,8 +56,8 @@ struct ProbeOutcome {
     bool persistentRedirectsOk = false;
 };
 struct Judgement {
-    std::string status;          // six characters
-    bool good = false;           // counts as good, and its address enters GoodLinks
+    std::string status;  // six characters
+    bool good = false;   // counts as good, and its address enters GoodLinks
 };
 Judgement JudgeOutcome(const ProbeOutcome& probe);
 

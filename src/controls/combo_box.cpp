@@ -10,7 +10,9 @@ const std::string kNoText;
 ComboBox::ComboBox(Form& form, std::string name, Control* container)
     : Control(form, std::move(name), ControlKind::ComboBox, container) {}
 
-const std::string& ComboBox::ItemText(int item) const { return Has(item) ? items_[static_cast<std::size_t>(item)].text : kNoText; }
+const std::string& ComboBox::ItemText(int item) const {
+    return Has(item) ? items_[static_cast<std::size_t>(item)].text : kNoText;
+}
 std::int32_t ComboBox::ItemData(int item) const { return Has(item) ? items_[static_cast<std::size_t>(item)].itemData : 0; }
 
 void ComboBox::AddItem(std::string text, std::int32_t itemData) {
@@ -21,8 +23,10 @@ void ComboBox::AddItem(std::string text, std::int32_t itemData) {
 void ComboBox::RemoveItem(int item) {
     if (!Has(item)) return;
     items_.erase(items_.begin() + item);
-    if (index_ == item) index_ = -1;
-    else if (index_ > item) --index_;
+    if (index_ == item)
+        index_ = -1;
+    else if (index_ > item)
+        --index_;
     Changed(Aspect::Items);
 }
 

@@ -8,8 +8,8 @@ namespace qv {
 
 std::string_view KindName(ControlKind kind) {
     static constexpr std::array<std::string_view, 17> kNames = {
-        "Form", "Label", "CommandButton", "ToolButton", "Frame", "Picture", "Menu", "TextBox", "CheckBox", "OptionButton",
-        "ListBox", "ComboBox", "ProgressBar", "ScrollBar", "StatusBar", "TabStrip", "Timer"};
+        "Form",         "Label",   "CommandButton", "ToolButton",  "Frame",     "Picture",   "Menu",     "TextBox", "CheckBox",
+        "OptionButton", "ListBox", "ComboBox",      "ProgressBar", "ScrollBar", "StatusBar", "TabStrip", "Timer"};
     return kNames[static_cast<std::size_t>(kind)];
 }
 

@@ -14,8 +14,23 @@ class Form;
 class ListBox;
 
 enum class ControlKind {
-    Form, Label, CommandButton, ToolButton, Frame, Picture, Menu, TextBox, CheckBox, OptionButton,
-    ListBox, ComboBox, ProgressBar, ScrollBar, StatusBar, TabStrip, Timer
+    Form,
+    Label,
+    CommandButton,
+    ToolButton,
+    Frame,
+    Picture,
+    Menu,
+    TextBox,
+    CheckBox,
+    OptionButton,
+    ListBox,
+    ComboBox,
+    ProgressBar,
+    ScrollBar,
+    StatusBar,
+    TabStrip,
+    Timer
 };
 
 // The name of a kind as scripts and assistive tools see it ("CommandButton").
@@ -25,7 +40,22 @@ enum class Key { Space, Enter, Delete, Escape, Character };
 enum class MouseButton { Left, Right };
 
 // What of a control changed.
-enum class Aspect { Enabled, Visible, Tip, Caption, Value, Text, Index, Items, Range, Selection, Focus, Pointer, Geometry, Extent };
+enum class Aspect {
+    Enabled,
+    Visible,
+    Tip,
+    Caption,
+    Value,
+    Text,
+    Index,
+    Items,
+    Range,
+    Selection,
+    Focus,
+    Pointer,
+    Geometry,
+    Extent
+};
 
 // Watches controls, for whoever shows them. All calls come after the change.
 class ControlObserver {

@@ -68,8 +68,8 @@ void Form::KeepFocusUsable() {
 }
 
 Control* Form::Find(std::string_view addressName) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [&](const Control* c) { return c->AddressName() == addressName; });
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) { return c->AddressName() == addressName; });
     return found == controls_.end() ? nullptr : *found;
 }
 

@@ -47,7 +47,7 @@ class Form : public Control {
 
     // All controls, menus too, in the order in which they were made: the tab order.
     const std::vector<Control*>& Controls() const { return controls_; }
-    Control* Find(std::string_view addressName) const;  // "List1", "Frame1(0)"; null if there is none
+    Control* Find(std::string_view addressName) const;          // "List1", "Frame1(0)"; null if there is none
     const std::vector<Menu*>& Menus() const { return menus_; }  // the menu bar
 
     CommandButton* DefaultButton() const { return defaultButton_; }  // pressed by Enter
@@ -58,7 +58,7 @@ class Form : public Control {
     bool Loaded() const { return loaded_; }
     bool Modal() const { return modal_; }
     void PopUp(Menu& menu);  // opens a menu at the pointer: its opening rule runs
-    void Close();  // unloads the form, unless its Unload event refuses
+    void Close();            // unloads the form, unless its Unload event refuses
 
     // Load comes before the form is shown, and may close it; Unload may refuse by setting its argument.
     Event Load, Activate, Resize;

@@ -33,8 +33,10 @@ void ListBox::RemoveItem(int row) {
     if (!Has(row)) return;
     if (Selected(row)) --selectedCount_;
     rows_.erase(rows_.begin() + row);
-    if (index_ == row) index_ = -1;
-    else if (index_ > row) --index_;
+    if (index_ == row)
+        index_ = -1;
+    else if (index_ > row)
+        --index_;
     if (auto* observer = Observer()) observer->RowRemoved(*this, row);
 }
 
@@ -70,8 +72,10 @@ void ListBox::SetListIndex(int row) {
 
 void ListBox::SetSelected(int row, bool selected) {
     if (!Has(row)) return;
-    if (MultiSelect()) Mark(row, selected);
-    else if (selected != Selected(row)) MakeCurrent(selected ? row : -1);
+    if (MultiSelect())
+        Mark(row, selected);
+    else if (selected != Selected(row))
+        MakeCurrent(selected ? row : -1);
 }
 
 void ListBox::ClickRow(int row) {

@@ -41,7 +41,7 @@ class ListBox : public Control {
     // then Click, each time, also on the current row. DoubleClickRow adds DblClick.
     void ClickRow(int row);
     void DoubleClickRow(int row);
-    void ToggleCurrent();        // the space key in a list with multiple selection
+    void ToggleCurrent();         // the space key in a list with multiple selection
     void RightClickRow(int row);  // MouseDown with the right button
 
     long HorizontalExtent() const { return extent_; }  // pixels

@@ -10,7 +10,7 @@ namespace qv {
 
 class Menu : public Captioned {
    public:
-    Menu(Form& form, std::string name, std::string caption);  // a top menu
+    Menu(Form& form, std::string name, std::string caption);    // a top menu
     Menu(Menu& parent, std::string name, std::string caption);  // an entry, or a sub-menu once it has entries
 
     bool Checked() const { return checked_; }

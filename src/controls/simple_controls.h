@@ -141,8 +141,8 @@ class TabStrip : public Control {
     const std::vector<std::string>& Tabs() const { return tabs_; }
     void SetTab(int tab, std::string caption);
     int Value() const { return value_; }
-    void SetValue(int tab);   // from code: fires neither event; a number that is no tab is passed over
-    void ClickTab(int tab);   // a user's click: BeforeClick may refuse by setting its argument; then the change and Click
+    void SetValue(int tab);  // from code: fires neither event; a number that is no tab is passed over
+    void ClickTab(int tab);  // a user's click: BeforeClick may refuse by setting its argument; then the change and Click
     EventOf<bool&> BeforeClick;
     Event Click;
 

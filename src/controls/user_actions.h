@@ -8,11 +8,11 @@
 
 namespace qv::user {
 
-void Click(Control& control);              // buttons, menu entries, check boxes, options, labels, pictures; else just the focus
-void Press(Control& control, Key key);     // press and release of a key with the focus in the control
-void MouseDown(Control& button);           // the left button goes down on a command or tool button
+void Click(Control& control);           // buttons, menu entries, check boxes, options, labels, pictures; else just the focus
+void Press(Control& control, Key key);  // press and release of a key with the focus in the control
+void MouseDown(Control& button);        // the left button goes down on a command or tool button
 void MouseUp(Control& button);
 void Hover(Control& control);
-void OpenMenu(Control& menu);              // runs the opening rules from the top menu down to this one
+void OpenMenu(Control& menu);  // runs the opening rules from the top menu down to this one
 
 }  // namespace qv::user

@@ -76,15 +76,15 @@ class WindowSystem {
     enum class AnswerResult { Done, NothingToAnswer, NoSuchButton };
     // Answers the message box or dialog on top: a button's name or a path; nothing is a dialog's Cancel.
     AnswerResult Answer(const std::optional<std::string>& value);
-    const MessageRequest* TopMessage() const;       // the prompt on top, if it is a message box
-    const FileDialogRequest* TopDialog() const;     // likewise a file dialog
+    const MessageRequest* TopMessage() const;    // the prompt on top, if it is a message box
+    const FileDialogRequest* TopDialog() const;  // likewise a file dialog
 
     const std::string& Clipboard() const { return clipboard_; }
     void SetClipboard(std::string text);
     std::function<void(const std::string&)> ClipboardChanged;  // for a view that shares it with the system
 
     void Beep();
-    void MenuPoppedUp(Menu& menu);  // tells the listeners
+    void MenuPoppedUp(Menu& menu);                                                           // tells the listeners
     void SetScreen(int width, int height) { screenWidth_ = width, screenHeight_ = height; }  // pixels
     int ScreenWidth() const { return screenWidth_; }
     int ScreenHeight() const { return screenHeight_; }

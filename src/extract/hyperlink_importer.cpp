@@ -63,9 +63,8 @@ bool HyperlinkImporter::OpenPage(std::string& page, Flag& failed, std::string& m
 
 // The texts are looked for in lower case, and the page as it stands.
 bool HyperlinkImporter::HoldsIgnoredText(const std::string& page) const {
-    return flags_.SiteOpenRunning != 0 &&
-           std::any_of(settings_.IgnoreTextList.begin(), settings_.IgnoreTextList.end(),
-                       [&](const std::string& text) { return Contains(page, Lower(Trim(text))); });
+    return flags_.SiteOpenRunning != 0 && std::any_of(settings_.IgnoreTextList.begin(), settings_.IgnoreTextList.end(),
+                                                      [&](const std::string& text) { return Contains(page, Lower(Trim(text))); });
 }
 
 void HyperlinkImporter::TakeBase(const std::string& page) {

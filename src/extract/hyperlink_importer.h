@@ -28,12 +28,19 @@ class HyperlinkImporter {
     };
     HyperlinkImporter(Files& files, EventLoop& loop, Clock& clock, HTTP1& http, Session& session, const Settings& settings,
                       RunFlags& flags, WindowSystem& windows, Window window)
-        : files_(files), loop_(loop), clock_(clock), http_(http), session_(session), settings_(settings), flags_(flags),
-          windows_(windows), window_(window) {}
+        : files_(files),
+          loop_(loop),
+          clock_(clock),
+          http_(http),
+          session_(session),
+          settings_(settings),
+          flags_(flags),
+          windows_(windows),
+          window_(window) {}
 
     // Imports the session's ImportFilePath, whose address stands in the client's URL. With ResolveLinks other than 1 addresses
-    // stay as they are written. Failed is set, and Message tells why, when the document can't be read or the user stops; the links
-    // found so far stay in the table. Both are left alone on success. DocumentName is not used in the scan.
+    // stay as they are written. Failed is set, and Message tells why, when the document can't be read or the user stops; the
+    // links found so far stay in the table. Both are left alone on success. DocumentName is not used in the scan.
     void Import(std::int16_t ResolveLinks, Flag& Failed, std::string& Message, const std::string& DocumentName);
 
    private:

@@ -8,7 +8,7 @@ namespace qv {
 
 // What the document's own address and the open site say. Paths are in the forms that they have in the session.
 struct DocumentBase {
-    std::string ServerPrefix;    // scheme, "://", server and the port that isn't 80
+    std::string ServerPrefix;  // scheme, "://", server and the port that isn't 80
     std::string URLPath;
     std::string DocumentFolder;  // URLPath through its last "/"
     std::string DocumentFile;    // what stands behind that

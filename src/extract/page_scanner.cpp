@@ -88,8 +88,10 @@ bool PageScanner::FindLine(std::size_t limit) {
     std::size_t scriptEnd = TextFinder::kNone;
     if (inScript_ != 0) scriptEnd = scriptEnd_.Find(page_, kScriptEnd, false, position_, page_.size());
     if (inScript_ != 0 && settings_.ignoreJavaScript == kSet) {
-        if (scriptEnd == TextFinder::kNone) position_ = page_.size();
-        else BeginLine(scriptEnd);
+        if (scriptEnd == TextFinder::kNone)
+            position_ = page_.size();
+        else
+            BeginLine(scriptEnd);
         return scriptEnd != TextFinder::kNone;
     }
     const std::size_t stop = std::min(limit, scriptEnd);
@@ -104,9 +106,9 @@ bool PageScanner::FindLine(std::size_t limit) {
         return true;
     }
     // The line that the limit cuts stays whole for the next step.
-    const std::size_t lineStart = limit == page_.size() ? limit
-                                                        : std::max(BehindLast(page_, '\n', position_, limit),
-                                                                   BehindLast(page_, '\r', position_, limit));
+    const std::size_t lineStart =
+        limit == page_.size() ? limit
+                              : std::max(BehindLast(page_, '\n', position_, limit), BehindLast(page_, '\r', position_, limit));
     position_ = lineStart > position_ ? lineStart : limit;
     return false;
 }
@@ -248,8 +250,6 @@ TagText PageScanner::Tag(Kind kind) {
     return TagText(line_, page_, nextLine_, finders);
 }
 
-bool PageScanner::Full() const {
-    return links_.LinkCount >= bounds::kLinksPerDocument || cutBytes_ > mostCutBytes_;
-}
+bool PageScanner::Full() const { return links_.LinkCount >= bounds::kLinksPerDocument || cutBytes_ > mostCutBytes_; }
 
 }  // namespace qv

@@ -78,14 +78,14 @@ class PageScanner {
 
     // The line at hand.
     bool inLine_ = false;
-    bool lineIsPage_ = true;        // the line is a stretch of the page, from lineStart_
-    std::string_view line_;         // as it is scanned
-    std::string changedLine_;       // its text where script was taken out
+    bool lineIsPage_ = true;   // the line is a stretch of the page, from lineStart_
+    std::string_view line_;    // as it is scanned
+    std::string changedLine_;  // its text where script was taken out
     std::size_t lineStart_ = 0;
     std::size_t nextLine_ = 0;
     std::size_t lineNumber_ = 0;
     bool hasScript_ = false;
-    bool soundSeenBefore_ = false;  // asked once a line
+    bool soundSeenBefore_ = false;                         // asked once a line
     std::array<std::vector<std::uint32_t>, kKinds> tags_;  // where the tags of each kind begin
     int kind_ = 0;
     std::size_t tag_ = 0;

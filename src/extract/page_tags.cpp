@@ -29,8 +29,8 @@ const char* AttributeOf(int kind) {
 
 const char* LabelOfKind(int kind) {
     static constexpr std::array<const char*, 11> kLabels = {
-        "",           "[Image Map Link]",  "[Other]", "[Frame]", "[Meta Tag]", "[Meta Tag]", "[Image]", "[Background Image]",
-        "[MS Sound]", "[Plug-in]", "[Java Applet]"};
+        "",        "[Image Map Link]",   "[Other]",    "[Frame]",   "[Meta Tag]",   "[Meta Tag]",
+        "[Image]", "[Background Image]", "[MS Sound]", "[Plug-in]", "[Java Applet]"};
     return kLabels[static_cast<std::size_t>(kind)];
 }
 
@@ -57,9 +57,7 @@ PageScanner::Inner PageScanner::TakeInner(const TagText& tag, std::size_t from, 
         return inner;
     }
     // A place behind the line's last character, which is the joining blank, lies at the line's end in the page.
-    const auto offset = [&](std::size_t place) {
-        return tag.InPage(place) ? tag.PageOffset(place) : lineStart_ + place;
-    };
+    const auto offset = [&](std::size_t place) { return tag.InPage(place) ? tag.PageOffset(place) : lineStart_ + place; };
     inner.from = offset(from);
     inner.to = offset(to);
     return inner;
@@ -92,10 +90,10 @@ void PageScanner::ScanAnchor(std::size_t at) {
     std::string label = LabelOf(anchorInner_);
     if (label.empty()) {
         const bool here = closed != kNone && anchorInner_.inPage;
-        const std::string raw = here ? std::string()
-                                     : Lower(anchorInner_.inPage ? page_.substr(anchorInner_.from,
-                                                                                anchorInner_.to - anchorInner_.from)
-                                                                 : std::string_view(anchorInner_.text));
+        const std::string raw =
+            here ? std::string()
+                 : Lower(anchorInner_.inPage ? page_.substr(anchorInner_.from, anchorInner_.to - anchorInner_.from)
+                                             : std::string_view(anchorInner_.text));
         const bool isMap = here ? tag.Find(Needle::IsMap, "ismap", true, opened, closed) != kNone : Contains(raw, "ismap");
         const bool image = here ? tag.Find(Needle::Image, "<img", true, opened, closed) != kNone : Contains(raw, "<img");
         label = EmptyLabel(isMap, image);

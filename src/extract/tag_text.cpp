@@ -13,7 +13,8 @@ std::size_t TagText::Find(Needle role, std::string_view needle, bool foldCase, s
     if (limit <= PageStart()) return kNone;
     const bool fromLine = from <= PageStart();
     const std::size_t start = fromLine ? nextLine_ : PageOffset(from);
-    const std::size_t at = (fromLine ? finders_.fromLine : finders_.inPage)[which].Find(page_, needle, foldCase, start, PageOffset(limit));
+    const std::size_t at =
+        (fromLine ? finders_.fromLine : finders_.inPage)[which].Find(page_, needle, foldCase, start, PageOffset(limit));
     return at == kNone ? kNone : at - nextLine_ + PageStart();
 }
 

@@ -12,7 +12,24 @@ namespace qv {
 
 // What is searched for in tags. Each kind of tag and each of these has a finder of its own, so that its queries move on.
 enum class Needle {
-    End, Close, Anchor, MailTo, News, JavaScript, Ftp, Name, OpenQuote, CloseQuote, Equals, Blank, LineEnd, OldLineEnd, Http, IsMap, Image, Count
+    End,
+    Close,
+    Anchor,
+    MailTo,
+    News,
+    JavaScript,
+    Ftp,
+    Name,
+    OpenQuote,
+    CloseQuote,
+    Equals,
+    Blank,
+    LineEnd,
+    OldLineEnd,
+    Http,
+    IsMap,
+    Image,
+    Count
 };
 
 // Finders for one kind of tag: for the line at hand, and for the page behind it. Searches that go on from the line into the page
@@ -42,8 +59,8 @@ class TagText {
     std::size_t Find(Needle role, std::string_view needle, bool foldCase, std::size_t from, std::size_t limit);
     std::size_t FindBlank(std::size_t from, std::size_t limit);
 
-    char At(std::size_t place) const;            // a blank for a line end
-    std::size_t Next(std::size_t place) const;   // one character on
+    char At(std::size_t place) const;           // a blank for a line end
+    std::size_t Next(std::size_t place) const;  // one character on
     // The characters from one place up to another, at most `most` of them.
     std::string Cut(std::size_t from, std::size_t to, std::size_t most) const;
 

@@ -36,8 +36,7 @@ std::size_t Search(std::string_view text, std::string_view needle, bool foldCase
 
 }  // namespace
 
-std::size_t TextFinder::Find(std::string_view text, std::string_view needle, bool foldCase, std::size_t from,
-                             std::size_t limit) {
+std::size_t TextFinder::Find(std::string_view text, std::string_view needle, bool foldCase, std::size_t from, std::size_t limit) {
     limit = std::min(limit, text.size());
     if (limit < needle.size() || from > limit - needle.size()) return kNone;
     const std::size_t to = limit - needle.size() + 1;  // matches start before this

@@ -14,10 +14,10 @@ struct Code {
 };
 
 // In the order in which decoding takes them.
-constexpr std::array<Code, 23> kCodes = {{{"%20", ' '}, {"%3C", '<'}, {"%3E", '>'}, {"%23", '#'}, {"%25", '%'}, {"%7B", '{'},
+constexpr std::array<Code, 23> kCodes = {{{"%20", ' '}, {"%3C", '<'}, {"%3E", '>'},  {"%23", '#'}, {"%25", '%'}, {"%7B", '{'},
                                           {"%7D", '}'}, {"%7C", '|'}, {"%5C", '\\'}, {"%5E", '^'}, {"%7E", '~'}, {"%5B", '['},
-                                          {"%5D", ']'}, {"%60", '`'}, {"%3B", ';'}, {"%2F", '/'}, {"%3F", '?'}, {"%3A", ':'},
-                                          {"%40", '@'}, {"%3D", '='}, {"%26", '&'}, {"%24", '$'}, {"%27", '\''}}};
+                                          {"%5D", ']'}, {"%60", '`'}, {"%3B", ';'},  {"%2F", '/'}, {"%3F", '?'}, {"%3A", ':'},
+                                          {"%40", '@'}, {"%3D", '='}, {"%26", '&'},  {"%24", '$'}, {"%27", '\''}}};
 constexpr std::string_view kEncoded = " <>{}|\\^[]`;@$'";
 
 std::string_view CodeOf(char character) {
@@ -86,8 +86,10 @@ void PercentEncode(std::string& text) {
     if (text.find_first_of(kEncoded) == std::string::npos && text.find("%3B") == std::string::npos) return;
     std::string encoded;
     for (const char c : text) {
-        if (kEncoded.find(c) == std::string_view::npos) encoded += c;
-        else encoded.append(CodeOf(c));
+        if (kEncoded.find(c) == std::string_view::npos)
+            encoded += c;
+        else
+            encoded.append(CodeOf(c));
     }
     text = ReplaceAll(ReplaceAll(encoded, "&amp%3B", "&"), "&nbsp%3B", "%20");
 }

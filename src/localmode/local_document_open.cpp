@@ -15,9 +15,7 @@ constexpr const char* kIgnored =
 
 }  // namespace
 
-void LocalDocumentOpen::Log(const std::string& text) {
-    p_.session.LogText += text + p_.session.LineBreak + p_.session.LineBreak;
-}
+void LocalDocumentOpen::Log(const std::string& text) { p_.session.LogText += text + p_.session.LineBreak + p_.session.LineBreak; }
 
 void LocalDocumentOpen::ClearProgress() {
     p_.window.ProgressBar1.SetValue(0);

@@ -25,8 +25,8 @@ class LocalDocumentOpen {
     };
     explicit LocalDocumentOpen(Parts parts) : p_(parts) {}
 
-    // The path with slashes of either kind; the address that the file has on the site. The document is listed under the text of the
-    // window's address box. A document that can't be read isn't listed.
+    // The path with slashes of either kind; the address that the file has on the site. The document is listed under the text of
+    // the window's address box. A document that can't be read isn't listed.
     void OpenLocalDocument(const std::string& Path, const std::string& Url);
 
    private:

@@ -76,8 +76,10 @@ void ConfigForm::ShowPage() {
     CheckActive();
     if (page_ == 0) ComNext.SetFocus();
     if (page_ == 1) TextMailServer.SetFocus();
-    if (page_ == 2 && CheckAuth.Checked()) TextAuthName.SetFocus();
-    else if (page_ == 2) CheckAuth.SetFocus();
+    if (page_ == 2 && CheckAuth.Checked())
+        TextAuthName.SetFocus();
+    else if (page_ == 2)
+        CheckAuth.SetFocus();
 }
 
 void ConfigForm::CheckActive() {

@@ -9,8 +9,8 @@ namespace {
 
 // The values in the order of their lines.
 constexpr std::array<std::string MailSettings::*, 9> kLines = {
-    &MailSettings::MailServer,   &MailSettings::MailFromAddress, &MailSettings::MailFromName,
-    &MailSettings::MailSubject,  &MailSettings::MailTo,          &MailSettings::MailIncludeComments,
+    &MailSettings::MailServer,   &MailSettings::MailFromAddress,  &MailSettings::MailFromName,
+    &MailSettings::MailSubject,  &MailSettings::MailTo,           &MailSettings::MailIncludeComments,
     &MailSettings::MailAuthName, &MailSettings::MailAuthPassword, &MailSettings::MailAuthRequired};
 
 }  // namespace

@@ -16,9 +16,9 @@ CheckForm::CheckForm(WindowSystem& windows) : Form(windows, "CheckForm", "Zephon
 }
 
 std::vector<ToolButton*> CheckForm::ToolButtons() {
-    return {&ToolInterMode, &ToolLocalMode, &ToolZephonMode, &ToolEnter,     &ToolOpenDoc,   &ToolSave,
-            &ToolCopyReports, &ToolCopyURL, &ToolLinkBrowser, &ToolLinkCheck, &ToolLinkView, &ToolLinkQuest,
-            &ToolDocDelete, &ToolDocReopen, &ToolDocSource, &ToolDocEditor, &ToolDocBrowser};
+    return {&ToolInterMode,   &ToolLocalMode, &ToolZephonMode,  &ToolEnter,     &ToolOpenDoc,   &ToolSave,
+            &ToolCopyReports, &ToolCopyURL,   &ToolLinkBrowser, &ToolLinkCheck, &ToolLinkView,  &ToolLinkQuest,
+            &ToolDocDelete,   &ToolDocReopen, &ToolDocSource,   &ToolDocEditor, &ToolDocBrowser};
 }
 
 }  // namespace qv

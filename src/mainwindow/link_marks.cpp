@@ -108,8 +108,8 @@ void LinkMarks::FindQuestionableDocument(std::int16_t direction) {
     CheckForm& w = p_.window;
     w.SetPointer(Pointer::Wait);
     const int selected = w.txtFileName.ListIndex();
-    const int found = direction == 2 ? FindQuestionable(selected - 1, 0, -1)
-                                     : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1);
+    const int found =
+        direction == 2 ? FindQuestionable(selected - 1, 0, -1) : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1);
     if (found >= 0) {
         ShowFound(found);
     } else {

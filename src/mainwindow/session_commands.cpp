@@ -84,8 +84,10 @@ void SessionCommands::MenuFileSaveList_Click() {
 }
 
 void SessionCommands::TakeListMode(std::int16_t listMode) {
-    if (listMode == kLocalMode && p_.settings.ProgramMode == kInternetMode) MenuFileLocalMode_Click();
-    else if (listMode == kInternetMode && p_.settings.ProgramMode == kLocalMode) MenuFileNormalMode_Click();
+    if (listMode == kLocalMode && p_.settings.ProgramMode == kInternetMode)
+        MenuFileLocalMode_Click();
+    else if (listMode == kInternetMode && p_.settings.ProgramMode == kLocalMode)
+        MenuFileNormalMode_Click();
 }
 
 std::int16_t SessionCommands::FindRecord(const std::string& siteUrl) const {

@@ -23,8 +23,10 @@ void SpinButtons::Step() {
     const int present = documents.ListIndex();
     const int next = SpinDirection_ == 1 ? present + 1 : present - 1;
     if (next < 0 || next >= documents.Count()) return;
-    if (flags_.HideGoodLinks != 0 && FindQuestionableDocument) FindQuestionableDocument(SpinDirection_);
-    else documents.SetListIndex(next);
+    if (flags_.HideGoodLinks != 0 && FindQuestionableDocument)
+        FindQuestionableDocument(SpinDirection_);
+    else
+        documents.SetListIndex(next);
 }
 
 }  // namespace qv

@@ -44,8 +44,8 @@ void WindowRules::SetModeControls() {
         modes[mode].first->SetChecked(present);
         modes[mode].second->SetEnabled(!present);
     }
-    for (Control* tool : std::initializer_list<Control*>{&w.ToolDocBrowser, &w.ToolDocSource, &w.ToolDocEditor,
-                                                         &w.ToolDocDelete, &w.ToolDocReopen})
+    for (Control* tool : std::initializer_list<Control*>{&w.ToolDocBrowser, &w.ToolDocSource, &w.ToolDocEditor, &w.ToolDocDelete,
+                                                         &w.ToolDocReopen})
         tool->SetVisible(!InBookmarksMode());
 }
 
@@ -102,9 +102,9 @@ void WindowRules::ShowToolTips() {
 
 void WindowRules::MenuFile_Click() {
     CheckForm& w = window_;
-    EnableAll({&w.MenuFileLoadList, &w.MenuFileSaveList, &w.MenuFileOpen, &w.MenuFileOpenSite, &w.MenuFileNew,
-               &w.MenuFileEnterprise},
-              !InBookmarksMode());
+    EnableAll(
+        {&w.MenuFileLoadList, &w.MenuFileSaveList, &w.MenuFileOpen, &w.MenuFileOpenSite, &w.MenuFileNew, &w.MenuFileEnterprise},
+        !InBookmarksMode());
     w.MenuZephonSave.SetVisible(InBookmarksMode());
     w.MenuZephonSave.SetEnabled(InBookmarksMode() && BookmarksChanged != 0);
 }
@@ -151,8 +151,6 @@ void WindowRules::MenuReports_Click() {
     w.MenuReportsManage.SetEnabled(!InBookmarksMode());
 }
 
-void WindowRules::MenuSearch_Click() {
-    EnableAll({&window_.MenuSearchURL, &window_.MenuSearchText}, window_.List1.Count() > 0);
-}
+void WindowRules::MenuSearch_Click() { EnableAll({&window_.MenuSearchURL, &window_.MenuSearchText}, window_.List1.Count() > 0); }
 
 }  // namespace qv

@@ -6,10 +6,10 @@
 
 namespace qv::bounds {
 
-inline constexpr std::int64_t kBodyBytes = std::int64_t{256} * 1024 * 1024;  // a body file
-inline constexpr std::size_t kReplyHeaderBytes = 100 * 1024;                 // the headers of one reply, status line included
-inline constexpr std::size_t kAddressBytes = 64 * 1024;                      // an address that is kept; longer ones are cut
-inline constexpr std::size_t kLabelBytes = 64 * 1024;                        // a label likewise
+inline constexpr std::int64_t kBodyBytes = std::int64_t{256} * 1024 * 1024;    // a body file
+inline constexpr std::size_t kReplyHeaderBytes = 100 * 1024;                   // the headers of one reply, status line included
+inline constexpr std::size_t kAddressBytes = 64 * 1024;                        // an address that is kept; longer ones are cut
+inline constexpr std::size_t kLabelBytes = 64 * 1024;                          // a label likewise
 inline constexpr std::size_t kImportedBytes = std::size_t{256} * 1024 * 1024;  // addresses and labels of one document, cut out
 inline constexpr std::int32_t kLinksPerDocument = 1000000;
 

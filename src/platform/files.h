@@ -29,7 +29,7 @@ class Files {
    public:
     virtual ~Files() = default;
 
-    virtual bool FileExists(const std::string& path) const = 0;    // something of that name that isn't a folder
+    virtual bool FileExists(const std::string& path) const = 0;  // something of that name that isn't a folder
     virtual bool FolderExists(const std::string& path) const = 0;
     virtual std::int64_t Length(const std::string& path) const = 0;  // bytes; 0 when it can't be told
 

@@ -35,8 +35,10 @@ std::string HTTP1::Authorization() const {
 std::string EncodeControls(std::string_view text) {
     std::string encoded;
     for (const char c : text) {
-        if (IsControl(c)) AppendEncoded(encoded, c);
-        else encoded += c;
+        if (IsControl(c))
+            AppendEncoded(encoded, c);
+        else
+            encoded += c;
     }
     return encoded;
 }
@@ -45,8 +47,10 @@ std::string RequestTarget(std::string_view path) {
     std::string target;
     if (path.empty() || path.front() != '/') target = "/";
     for (const char c : path.substr(0, path.find('#'))) {
-        if (IsControl(c) || c == ' ') AppendEncoded(target, c);
-        else target += c;
+        if (IsControl(c) || c == ' ')
+            AppendEncoded(target, c);
+        else
+            target += c;
     }
     return target;
 }

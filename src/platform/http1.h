@@ -34,7 +34,7 @@ class HTTP1 {
     std::string ContentType;   // not sent with a request that has no body
     std::string User;          // credentials for the server; empty: none are sent
     std::string Password;
-    std::string ProxyServer;   // empty: no proxy
+    std::string ProxyServer;  // empty: no proxy
     int ProxyPort = 80;
     bool NetworkReady = false;
     // False: only the head of the reply is wanted. The body of a GET is cut at its first byte, or read to its end when it is

@@ -16,7 +16,7 @@ class IPInfo1 {
     // name that can't be one, comes with OnRequestComplete, a status other than 0 and HostAddress "0.0.0.0".
     virtual void SetHostName(const std::string& name) = 0;
     virtual const std::string& HostAddress() const = 0;  // "Default" before the first look-up and while one runs
-    virtual void SetLookupAction(int action) = 0;  // 0 ends a look-up: nothing comes of it any more
+    virtual void SetLookupAction(int action) = 0;        // 0 ends a look-up: nothing comes of it any more
     bool NetworkReady = false;
 
     std::function<void(int requestId, int status, const std::string& text)> OnRequestComplete;

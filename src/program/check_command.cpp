@@ -124,8 +124,10 @@ int RunCheckCommand(const CheckOptions& options) {
     const InterruptWatch watch(world.Loop(), [&] {
         interrupted = true;
         CheckForm& window = program.MainWindow();
-        if (window.ComStop.Enabled()) window.ComStop.Click();
-        else if (window.ComOpen.Caption() == kCaptionCancelDocument) window.ComOpen.Click();
+        if (window.ComStop.Enabled())
+            window.ComStop.Click();
+        else if (window.ComOpen.Caption() == kCaptionCancelDocument)
+            window.ComOpen.Click();
     });
     const int status = Check(options, program, terminal, interrupted);
     terminal.ClearProgress();

@@ -14,9 +14,9 @@ struct CheckOptions {
     std::string ignoreLinks;  // path fragments, parted by blanks
     double timeout = 60;      // seconds
     std::string userAgent;
-    std::string proxy;        // HOST:PORT
-    std::string user;         // NAME:PASSWORD
-    std::string home;         // the folder of the session; empty: a scratch folder that is removed at the end
+    std::string proxy;  // HOST:PORT
+    std::string user;   // NAME:PASSWORD
+    std::string home;   // the folder of the session; empty: a scratch folder that is removed at the end
     bool listAll = false;
 };
 

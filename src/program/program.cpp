@@ -58,19 +58,21 @@ struct Program::House {
     SiteRecordLoader loader{sites, session, settings, services.http};
     WindowRules rules{window, session, settings, services.programs, store};
     LinkRows rows{window.List1, window.FontNamePicture, session, settings, flags};
-    HyperlinkImporter importer{services.files, services.loop, services.clock, services.http, session, settings, flags, windows,
-                               {window.ProgressBar1, window.Picture1, window.ComHide, window.List1}};
-    HttpSession steps{{window, session, settings, flags, services.http, services.ipInfo, services.loop, services.clock,
-                       services.files}};
+    HyperlinkImporter importer{
+        services.files, services.loop, services.clock,
+        services.http,  session,       settings,
+        flags,          windows,       {window.ProgressBar1, window.Picture1, window.ComHide, window.List1}};
+    HttpSession steps{
+        {window, session, settings, flags, services.http, services.ipInfo, services.loop, services.clock, services.files}};
     DocumentOpen documentOpen{{window, rules, session, settings, flags, store, rows, services.http, steps, importer,
                                services.loop, services.files, services.programs}};
     LocalDocumentOpen localDocument{{window, rules, session, settings, flags, services.http, importer, documentOpen}};
     HttpProbe httpProbe{window, settings, flags, services.http, steps, services.loop};
-    LinkCheckRun checkRun{{window, rules, session, settings, flags, store, rows, services.http, steps, httpProbe, services.loop,
-                           services.files}};
+    LinkCheckRun checkRun{
+        {window, rules, session, settings, flags, store, rows, services.http, steps, httpProbe, services.loop, services.files}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
-    SessionCommands sessionCommands{{window, rules, session, settings, flags, store, services.files, services.http, sites,
-                                     loader}};
+    SessionCommands sessionCommands{
+        {window, rules, session, settings, flags, store, services.files, services.http, sites, loader}};
     LinkMarks marks{{window, rules, session, settings, flags, store, rows}};
     DocumentCommands documentCommands{{window, rules, session, settings, flags, store, services.programs}};
     ModeCommands modes{window, rules, session, settings};
@@ -205,8 +207,10 @@ void Program::House::ConnectWindow() {
         if (button == MouseButton::Right) selection.txtFileName_RightClick();
     };
     window.List1.MouseDown = [this](MouseButton button) {
-        if (button == MouseButton::Right) selection.List1_RightClick();
-        else marks.List1_MouseDown();
+        if (button == MouseButton::Right)
+            selection.List1_RightClick();
+        else
+            marks.List1_MouseDown();
     };
     window.List1.KeyUp = [this](Key key) {
         if (key == Key::Space) marks.List1_KeyUp();

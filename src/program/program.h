@@ -56,7 +56,7 @@ class Program {
     Session& SharedSession();
     Settings& SharedSettings();
     LinkCheckRun& CheckRun();
-    void StartQuietly();  // the start without its windows, and without restoring a session
+    void StartQuietly();                            // the start without its windows, and without restoring a session
     void OpenDocument(const std::string& address);  // with the settings in force; blocks until it is listed or refused
     void EndQuietly(bool keepSession);              // writes the session's files, or not; asks nothing
 

@@ -51,7 +51,7 @@ class StartUp {
     void CheckForm_Activate();  // does its work the first time alone
     void CheckForm_Unload(bool& refused);
 
-    void LoadSettings();   // the part of the load that reads files and makes folders
+    void LoadSettings();  // the part of the load that reads files and makes folders
     void WriteProgramSettings();
 
     std::function<void()> MenuFileNew_Click;

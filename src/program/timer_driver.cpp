@@ -12,8 +12,7 @@ void TimerDriver::TimerGone(Timer& timer) {
 void TimerDriver::TimerChanged(Timer& timer) {
     TimerGone(timer);
     if (!timer.Running() || timer.Interval() <= 0) return;
-    running_[&timer] =
-        loop_.StartTimer(std::chrono::milliseconds{timer.Interval()}, true, [&timer] { timer.Tick(); });
+    running_[&timer] = loop_.StartTimer(std::chrono::milliseconds{timer.Interval()}, true, [&timer] { timer.Tick(); });
 }
 
 }  // namespace qv

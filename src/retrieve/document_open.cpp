@@ -90,8 +90,10 @@ bool DocumentOpen::TakeEntryFromWizard() {
 bool DocumentOpen::Validate() {
     const std::string& address = p_.window.TextFileName.Text();
     if (StartsWithLower(address, "http")) return true;
-    if (p_.flags.SiteOpenRunning != 0) Log("Invalid URL - " + address);
-    else if (p_.flags.EnterpriseRunning == 0) p_.window.Windows().ShowMessage("Please enter a valid Web Url first...");
+    if (p_.flags.SiteOpenRunning != 0)
+        Log("Invalid URL - " + address);
+    else if (p_.flags.EnterpriseRunning == 0)
+        p_.window.Windows().ShowMessage("Please enter a valid Web Url first...");
     return false;
 }
 
@@ -184,8 +186,8 @@ bool DocumentOpen::AnotherPass(Retrieval& r) {
     const std::string& failure = p_.flags.LastErrorText;
     if (Contains(failure, "302") || Contains(failure, "301")) {
         p_.http.SetURL(r.openedUrl);
-        const auto target = ParseRedirect(p_.flags.HeaderBuffer, {p_.http.URLScheme(), p_.http.URLServer(), p_.http.URLPort(),
-                                                                  p_.http.URLPath()});
+        const auto target = ParseRedirect(p_.flags.HeaderBuffer,
+                                          {p_.http.URLScheme(), p_.http.URLServer(), p_.http.URLPort(), p_.http.URLPath()});
         if (!target) return false;
         r.redirectUrl = *target;
         r.redirectPending = true;
@@ -197,9 +199,12 @@ bool DocumentOpen::AnotherPass(Retrieval& r) {
 }
 
 void DocumentOpen::Judge(Retrieval& r) {
-    if (p_.flags.StopRequested != 0) EndStopped(r);
-    else if (p_.flags.LastErrorNumber != 0) EndFailed(r);
-    else if (p_.steps.Passed(r.deadline)) EndTimedOut(r);
+    if (p_.flags.StopRequested != 0)
+        EndStopped(r);
+    else if (p_.flags.LastErrorNumber != 0)
+        EndFailed(r);
+    else if (p_.steps.Passed(r.deadline))
+        EndTimedOut(r);
     else if (p_.flags.OpenInSourceViewer != 0)
         p_.programs.Start(p_.settings.SourceViewerPath, {NativePath(p_.steps.BodyFilePath())});
     else {

@@ -112,8 +112,10 @@ void HttpSession::FindAddress(bool retry, Lookup& lookup) {
     const double deadline = Now() + kLookupSeconds;
     if (!p_.session.SiteHostAddress.empty() && p_.session.SiteHost == Lower(p_.http.URLServer()))
         lookup.address = p_.session.SiteHostAddress;
-    else if (retry) lookup.address = p_.http.URLServer();
-    else ResolveHost(deadline, lookup);
+    else if (retry)
+        lookup.address = p_.http.URLServer();
+    else
+        ResolveHost(deadline, lookup);
 }
 
 void HttpSession::BuildRequestHeaders() {
@@ -242,8 +244,10 @@ void HttpSession::OnTransfer(long bytes, const std::string& text) {
 }
 
 void HttpSession::ShowProgress(long bytes) {
-    if (LengthUnknown_ != 0) MoveRunner();
-    else p_.window.ProgressBar1.SetValue(std::min(bytes, p_.window.ProgressBar1.Max()));
+    if (LengthUnknown_ != 0)
+        MoveRunner();
+    else
+        p_.window.ProgressBar1.SetValue(std::min(bytes, p_.window.ProgressBar1.Max()));
 }
 
 void HttpSession::MoveRunner() {

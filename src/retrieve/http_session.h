@@ -68,7 +68,7 @@ class HttpSession {
     void SleepUntil(double deadline);
     void ProbeWait(double deadline, const Lookup& lookup);
 
-    bool OpenBodyFile();   // document.htm, emptied
+    bool OpenBodyFile();  // document.htm, emptied
     void CloseBodyFile() { bodyFile_.reset(); }
     std::string BodyFilePath() const { return p_.session.AppPath + "document.htm"; }
     long TransferLength = 0;  // what the reply tells, or 2000 when it tells nothing

@@ -22,8 +22,8 @@ class DocumentStore {
     HeaderLines ReadHeader(std::int32_t number) const;
     void WriteHeader(std::int32_t number, const HeaderLines& lines);
 
-    void SaveLinkList(std::int32_t number);  // the session's link table to the document's file
-    void LoadLinkList(std::int32_t number);  // and back; an empty table if that fails
+    void SaveLinkList(std::int32_t number);                          // the session's link table to the document's file
+    void LoadLinkList(std::int32_t number);                          // and back; an empty table if that fails
     std::size_t SavedLinkBytes() const { return composer_.Size(); }  // how long the file was that was saved last
 
     std::int32_t NextCacheNumber();  // takes and counts on the counter of cache\ccounter.txt

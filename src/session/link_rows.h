@@ -22,11 +22,11 @@ class LinkRows {
     LinkRows(ListBox& list, Picture& fontNamePicture, Session& session, const Settings& settings, const RunFlags& flags)
         : list_(list), fontNamePicture_(fontNamePicture), session_(session), settings_(settings), flags_(flags) {}
 
-    void AddLinkRow(std::int32_t link);   // appends the link's row, unless hiding leaves it out
-    void AddAllRows();                    // AddLinkRow for each link in order
-    void RefreshLinkRow(int row);         // text and selection anew; the number is the row's position then
+    void AddLinkRow(std::int32_t link);                     // appends the link's row, unless hiding leaves it out
+    void AddAllRows();                                      // AddLinkRow for each link in order
+    void RefreshLinkRow(int row);                           // text and selection anew; the number is the row's position then
     std::string BuildLinkRowText(std::int32_t link) const;  // for reports: by address, whatever is hidden
-    void SetListExtent();                 // the horizontal extent, from the longest row
+    void SetListExtent();                                   // the horizontal extent, from the longest row
 
    private:
     std::string RowText(std::int32_t link, std::int32_t number) const;

@@ -11,7 +11,7 @@
 namespace qv {
 
 struct LinkFlag {
-    char Mark = 'X';               // 'X': selected in the list and checked by the next run; ' ': not
+    char Mark = 'X';                // 'X': selected in the list and checked by the next run; ' ': not
     std::string Status = "      ";  // six characters, blank-padded
 
     bool Marked() const { return Mark == 'X'; }

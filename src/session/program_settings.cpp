@@ -21,8 +21,10 @@ void TakeFlag(const std::string& line, std::int16_t& flag) { flag = LeadingInt16
 
 void TakeWindowState(const std::string& line, Form& window) {
     const auto state = LeadingInt16(line);
-    if (state == 2) window.SetState(WindowState::Maximised);
-    else if (state == 0) window.SetState(WindowState::Normal);
+    if (state == 2)
+        window.SetState(WindowState::Maximised);
+    else if (state == 0)
+        window.SetState(WindowState::Normal);
 }
 
 void TakePlainLines(const std::vector<std::string>& lines, ProgramSettings& s, Form& window) {

@@ -13,7 +13,13 @@ HeaderLines WebDocumentHeader(const DocumentHeader& header) {
     const auto lastBackslash = header.DocumentPath.rfind('\\');
     const std::string folder =
         lastBackslash == std::string::npos ? std::string() : header.DocumentPath.substr(0, lastBackslash + 1);
-    return {header.SiteUrl, header.SiteFileName, header.SiteFolder, header.CurrentDocumentUrl, header.DocumentPath, folder, "",
+    return {header.SiteUrl,
+            header.SiteFileName,
+            header.SiteFolder,
+            header.CurrentDocumentUrl,
+            header.DocumentPath,
+            folder,
+            "",
             std::to_string(header.SiteRecordNumber)};
 }
 

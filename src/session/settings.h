@@ -18,7 +18,7 @@ struct EntrySettings {
     Flag IgnoreJavaScript = 1;  // 1 as the defaults store it; only -1 makes the lines inside a script block be skipped
     Flag FollowRedirects = 1;
     Flag CheckFtpLinks = 1;
-    std::string DocumentTypes;    // these three: trimmed, with one blank put at each end
+    std::string DocumentTypes;  // these three: trimmed, with one blank put at each end
     std::string IgnoreOpenPaths;
     std::string IgnoreLinkPaths;
     std::vector<std::string> IgnoreOpenPathList;  // the parts of the lists; an empty part is contained in every address

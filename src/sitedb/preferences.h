@@ -11,7 +11,7 @@ class Preferences {
    public:
     Preferences(Files& files, Session& session, Settings& settings) : files_(files), session_(session), settings_(settings) {}
 
-    void ReadAtStart();  // a missing or empty file is written with the defaults
+    void ReadAtStart();       // a missing or empty file is written with the defaults
     void ApplyPreferences();  // makes the record the settings in force
     void Write();             // the record to the file
 

@@ -85,8 +85,7 @@ SiteRecord DefaultRecord(const std::string& appPath) {
     for (const TextField blank : {field::SiteUrl, field::SiteFileName, field::SiteFolder, field::ProxyServerName,
                                   field::ProxyPortText, field::HttpUserName, field::HttpPassword, field::UserAgent})
         record.SetText(blank, "");
-    for (const NumberField on :
-         {field::IncludeImages, field::IgnoreJavaScript, field::FollowRedirects, field::CheckFtpLinks})
+    for (const NumberField on : {field::IncludeImages, field::IgnoreJavaScript, field::FollowRedirects, field::CheckFtpLinks})
         record.SetNumber(on, 1);
     record.SetText(field::DocumentTypes, kDefaultDocumentTypes);
     record.SetText(field::IgnoreOpenPaths, kDefaultIgnoreOpenPaths);

@@ -254,7 +254,7 @@ void WizardForm::CheckTabFour(Flag&) {
     SiteRecord* record = CurrentRecord();
     if (Text1.Count() == 0 || record == nullptr) return;
     const std::initializer_list<std::pair<NumberField, CheckBox*>> flags = {
-        {field::AutoReportsAfterCheck, &Check10}, {field::MakeTextReport, &Check13}, {field::MakeAsciiReport, &Check12},
+        {field::AutoReportsAfterCheck, &Check10}, {field::MakeTextReport, &Check13},      {field::MakeAsciiReport, &Check12},
         {field::MakeHtmlReport, &Check11},        {field::QuestionableOnly, &CheckWhich}, {field::EmailReports, &Check8},
         {field::CopyMeOnReports, &Check9}};
     for (const auto& [flag, box] : flags) record->SetNumber(flag, FlagOf(box->Checked()));

@@ -72,16 +72,13 @@ void WizardForm::Form_Unload() {
 
 void WizardForm::ComBrowse_Click() {
     if (!IsLocalDocument()) {
-        const auto folder =
-            ChooseFolder(p_.windows, p_.files, "Locate Web Site/Document Folder...", kFolderFilter, Text3.Text());
+        const auto folder = ChooseFolder(p_.windows, p_.files, "Locate Web Site/Document Folder...", kFolderFilter, Text3.Text());
         if (folder) Text3.SetText(*folder);
         return;
     }
     const std::string& path = Text1.Text();
-    const auto file = p_.windows.ShowFileDialog({.title = "Locate Document...",
-                                                 .filter = kPageFilter,
-                                                 .name = "*.htm",
-                                                 .folder = path.substr(0, path.rfind('\\') + 1)});
+    const auto file = p_.windows.ShowFileDialog(
+        {.title = "Locate Document...", .filter = kPageFilter, .name = "*.htm", .folder = path.substr(0, path.rfind('\\') + 1)});
     if (file) Text1.SetText(*file);
 }
 
@@ -97,8 +94,7 @@ void WizardForm::AddText() {
             ComboTextIgnore.AddItem(text);
             ComboTextIgnore.SetText("");
         } else {
-            p_.windows.ShowMessage(
-                "Only 10 text strings are allowed per Web Site. Delete an existing string to add another.");
+            p_.windows.ShowMessage("Only 10 text strings are allowed per Web Site. Delete an existing string to add another.");
         }
     }
     FieldChanged();
@@ -110,8 +106,10 @@ void WizardForm::DeleteText() {
     while (item < ComboTextIgnore.Count() && ComboTextIgnore.ItemText(item) != ComboTextIgnore.Text()) ++item;
     if (item < ComboTextIgnore.Count()) {
         ComboTextIgnore.RemoveItem(item);
-        if (ComboTextIgnore.Count() > 0) ComboTextIgnore.SetListIndex(0);
-        else ComboTextIgnore.SetText("");
+        if (ComboTextIgnore.Count() > 0)
+            ComboTextIgnore.SetListIndex(0);
+        else
+            ComboTextIgnore.SetText("");
         FieldChanged();
     } else {
         p_.windows.Beep();

@@ -16,25 +16,38 @@ struct Guise {
 };
 
 constexpr Guise kLocalSite = {
-    "Local Web Site Database", "Web Site URL",
+    "Local Web Site Database",
+    "Web Site URL",
     "Enter the URL (Address) that will be used to access your site on the Web. Include ONLY the Web site path (ie. "
     "http://www.example.com/mysite/):",
     "Enter the file name of your Web site's home or main page (ie. index.htm):",
-    "Enter the local folder where your Web site is saved (ie. c:\\mywebsite):", "Required:", "Required:"};
-constexpr Guise kLocalDocument = {
-    "Local Document Database", "Document URL",
-    "Enter the path and file name under which your document is saved on your hard drive:", nullptr,
-    "Enter the Document's Web URL path (ie. http://www.example.com/mysite/):", "", "Optional:"};
+    "Enter the local folder where your Web site is saved (ie. c:\\mywebsite):",
+    "Required:",
+    "Required:"};
+constexpr Guise kLocalDocument = {"Local Document Database",
+                                  "Document URL",
+                                  "Enter the path and file name under which your document is saved on your hard drive:",
+                                  nullptr,
+                                  "Enter the Document's Web URL path (ie. http://www.example.com/mysite/):",
+                                  "",
+                                  "Optional:"};
 constexpr Guise kInternetSite = {
-    "Internet Web Site Database", "WebSite URL",
+    "Internet Web Site Database",
+    "WebSite URL",
     "Enter the URL (Address) used to access your site on the Web. Include ONLY the path portion of the URL (ie. "
     "http://www.example.com/mysite/):",
     "Enter the file name of your Web site's home or main page (ie. index.htm):",
-    "Enter the local folder where your Web site is saved (ie. c:\\mywebsite)::", "Optional:", "Optional:"};
+    "Enter the local folder where your Web site is saved (ie. c:\\mywebsite)::",
+    "Optional:",
+    "Optional:"};
 constexpr Guise kInternetDocument = {
-    "Internet Document Database", "Document URL",
-    "Enter the URL (Address) used to access the document on the Web (ie. http://www.example.com/mysite/page.htm):", nullptr,
-    "Enter the local folder where your Document is saved (ie. c:\\mywebsite):", "", "Optional:"};
+    "Internet Document Database",
+    "Document URL",
+    "Enter the URL (Address) used to access the document on the Web (ie. http://www.example.com/mysite/page.htm):",
+    nullptr,
+    "Enter the local folder where your Document is saved (ie. c:\\mywebsite):",
+    "",
+    "Optional:"};
 
 }  // namespace
 
@@ -153,7 +166,8 @@ void WizardForm::SetGuise() {
     Label20.SetCaption(guise.fileNeed);
     Label6.SetCaption(guise.folder);
     Label21.SetCaption(guise.folderNeed);
-    for (Control* control : std::initializer_list<Control*>{&Label5, &Label20, &Text2}) control->SetVisible(guise.file != nullptr);
+    for (Control* control : std::initializer_list<Control*>{&Label5, &Label20, &Text2})
+        control->SetVisible(guise.file != nullptr);
     Text2.SetEnabled(guise.file != nullptr);
     for (OptionButton* option : {&Option1, &Option2, &Option3}) option->SetVisible(IsLocal() && IsSite());
     for (Control* control : std::initializer_list<Control*>{&Frame9, &Text5, &Text4, &ComboTextIgnore, &Label7, &Label8, &Label22,
@@ -181,8 +195,10 @@ void WizardForm::TakeFirstEntry() {
         const std::string& address = p_.TextFileName.Text();
         const bool localPath = address.substr(0, 1) == "\\" || address.substr(0, 1) == "/" ||
                                (address.size() > 2 && address.compare(1, 2, ":\\") == 0);
-        if (IsLocalDocument() && !localPath) Text3.SetText(address);
-        else Text1.SetText(address);
+        if (IsLocalDocument() && !localPath)
+            Text3.SetText(address);
+        else
+            Text1.SetText(address);
         return;
     }
     const int found = SiteDatabase::Find(records_, p_.settings.ProgramMode, p_.settings.EntryIsSite, LastUsedKey());

@@ -78,10 +78,11 @@ class WizardForm : public Form {
     Label Label12{*this, "Label12", "seconds when connecting.", &Page2};
 
     Frame Page3{*this, "Frame1", "", nullptr, 3};
-    Label Label9{*this, "Label9",
-                 "The advanced settings on this page control the Authorization strings that Quorvantis sends to a Web server along "
-                 "with a Document or Link Check request. ",
-                 &Page3};
+    Label Label9{
+        *this, "Label9",
+        "The advanced settings on this page control the Authorization strings that Quorvantis sends to a Web server along "
+        "with a Document or Link Check request. ",
+        &Page3};
     Frame Frame6{*this, "Frame6", "FTP Defaults", &Page3};
     CheckBox Check4{*this, "Check4", "Check FTP Protocol Links ", &Frame6};
     Label Label15{*this, "Label15", "User Name:", &Frame6};
@@ -181,8 +182,8 @@ class WizardForm : public Form {
     void SetTextQuietly(const std::string& text);
     void MakeCurrentQuietly(int record);
     SiteRecord* CurrentRecord();
-    bool StoreLogIn(CheckBox& box, NumberField flag, TextBox& first, TextField firstField, TextBox& second,
-                    TextField secondField, bool secondIsNumber, const char* message);
+    bool StoreLogIn(CheckBox& box, NumberField flag, TextBox& first, TextField firstField, TextBox& second, TextField secondField,
+                    bool secondIsNumber, const char* message);
 
     // wizard_commands.cpp: the buttons
     void ComOpenNext_Click();

@@ -100,9 +100,7 @@ void WizardForm::ShowProxy(bool on) {
     ShowProxyAuthentication(on && Check7.Checked());
 }
 
-void WizardForm::ShowProxyAuthentication(bool on) {
-    EnableAll({&Label24, &TextProxyUserName, &Label26, &TextProxyPassword}, on);
-}
+void WizardForm::ShowProxyAuthentication(bool on) { EnableAll({&Label24, &TextProxyUserName, &Label26, &TextProxyPassword}, on); }
 
 void WizardForm::ShowReportFrames() {
     Frame8.SetVisible(Check10.Checked());

@@ -21,9 +21,7 @@ std::string Lower(std::string_view text) {
     return lower;
 }
 
-bool StartsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
+bool StartsWith(std::string_view text, std::string_view beginning) { return text.substr(0, beginning.size()) == beginning; }
 
 bool EndsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;

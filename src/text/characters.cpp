@@ -14,9 +14,12 @@ std::size_t SequenceLength(std::string_view text) {
     std::size_t length = 0;
     std::uint32_t least = 0;
     std::uint32_t value = 0;
-    if (lead >= 0xC2 && lead < 0xE0) length = 2, value = lead & 0x1Fu, least = 0x80;
-    else if (lead >= 0xE0 && lead < 0xF0) length = 3, value = lead & 0x0Fu, least = 0x800;
-    else if (lead >= 0xF0 && lead < 0xF5) length = 4, value = lead & 0x07u, least = 0x10000;
+    if (lead >= 0xC2 && lead < 0xE0)
+        length = 2, value = lead & 0x1Fu, least = 0x80;
+    else if (lead >= 0xE0 && lead < 0xF0)
+        length = 3, value = lead & 0x0Fu, least = 0x800;
+    else if (lead >= 0xF0 && lead < 0xF5)
+        length = 4, value = lead & 0x07u, least = 0x10000;
     if (length == 0 || text.size() < length) return 0;
     for (std::size_t i = 1; i < length; ++i) {
         if ((byte(i) & 0xC0) != 0x80) return 0;
@@ -42,9 +45,10 @@ void AppendCodePoint(std::string& to, std::uint32_t value) {
 }
 
 // Windows-1252, bytes 0x80 to 0x9F; the five unassigned ones stay control characters.
-constexpr std::array<std::uint16_t, 32> kCodePage = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<std::uint16_t, 32> kCodePage = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 }  // namespace
 

@@ -26,7 +26,7 @@ class LineReader {
    public:
     explicit LineReader(std::string_view bytes) : bytes_(bytes) {}
     bool AtEnd() const { return at_ >= bytes_.size(); }
-    std::string_view Next();  // the next line without its end; empty at the end of the bytes
+    std::string_view Next();                      // the next line without its end; empty at the end of the bytes
     std::size_t Position() const { return at_; }  // bytes read so far
 
    private:

@@ -235,8 +235,10 @@ struct CurlHttp1::Engine {
     }
 
     void SetMethod(bool head) {
-        if (head) curl_easy_setopt(easy, CURLOPT_NOBODY, 1L);
-        else curl_easy_setopt(easy, CURLOPT_HTTPGET, 1L);
+        if (head)
+            curl_easy_setopt(easy, CURLOPT_NOBODY, 1L);
+        else
+            curl_easy_setopt(easy, CURLOPT_HTTPGET, 1L);
     }
 
     CurlHttp1& client;
@@ -285,7 +287,8 @@ void CurlHttp1::Perform(bool head) {
     engine_->SetUrl("http://" + host + ":" + std::to_string(direct ? URLPort() : ProxyPort) + "/");
     engine_->SetHeaders(OtherHeaders + (User.empty() ? "" : "Authorization: " + Authorization() + "\r\n"));
     engine_->SetMethod(head);
-    curl_easy_setopt(engine_->easy, CURLOPT_REQUEST_TARGET, (direct ? target : "http://" + URLServer() + suffix + target).c_str());
+    curl_easy_setopt(engine_->easy, CURLOPT_REQUEST_TARGET,
+                     (direct ? target : "http://" + URLServer() + suffix + target).c_str());
     curl_multi_add_handle(engine_->multi, engine_->easy);
     engine_->Act(CURL_SOCKET_TIMEOUT, 0);
     while (!exchange.done && !exchange.stopped && !exchange.cut) loop_.WaitFor(kWaitForever);

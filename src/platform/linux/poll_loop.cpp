@@ -17,7 +17,9 @@ constexpr std::chrono::milliseconds kTurnInterval{5};
 }  // namespace
 
 PollLoop::PollLoop()
-    : epoll_(epoll_create1(EPOLL_CLOEXEC)), wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), lastTurn_(std::chrono::steady_clock::now()) {
+    : epoll_(epoll_create1(EPOLL_CLOEXEC)),
+      wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      lastTurn_(std::chrono::steady_clock::now()) {
     epoll_event event{};
     event.events = EPOLLIN;
     event.data.fd = wake_;
@@ -101,8 +103,10 @@ bool PollLoop::RunTimers() {
         const auto found = timers_.find(timer);
         if (found == timers_.end() || found->second.due != when) continue;  // stopped, or run by a nested turn
         const auto tick = found->second.tick;
-        if (found->second.repeat) found->second.due = now + std::max(found->second.interval, std::chrono::milliseconds{1});
-        else timers_.erase(found);
+        if (found->second.repeat)
+            found->second.due = now + std::max(found->second.interval, std::chrono::milliseconds{1});
+        else
+            timers_.erase(found);
         (*tick)();
         any = true;
     }

@@ -14,7 +14,7 @@ class SystemClock : public Clock {
 
    private:
     bool pausesWanted_ = true;
-    mutable std::time_t hourKnown_ = -1;    // the full hour for which the offset below was asked
+    mutable std::time_t hourKnown_ = -1;  // the full hour for which the offset below was asked
     mutable long secondsAtThatHour_ = 0;  // seconds since midnight, local time, at that hour
 };
 

@@ -27,21 +27,20 @@ constexpr bool kNoRemote = true;
 
 INSTANTIATE_TEST_SUITE_P(
     LinkRules, Decision,
-    testing::Values(
-        DecisionCase{"known", {"https://h/", "[Script URL]", "", true}, LinkRoad::Settled, "OK    "},
-        DecisionCase{"secure", {"HTTPS://h/", "[Script URL]", ""}, LinkRoad::Settled, "NA/SE "},
-        DecisionCase{"script", {"http://h/", "[Script URL]", ""}, LinkRoad::Settled, "NA/SC "},
-        DecisionCase{"scriptCase", {"http://h/", "[script url]", ""}, LinkRoad::Http, nullptr},
-        DecisionCase{"ftpRemote", {"FTP://h/cgi", "a", "\\p", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/RE "},
-        DecisionCase{"remote", {"http://h/cgi", "a", "", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/RE "},
-        DecisionCase{"remoteInternet", {"http://h/", "a", "", false, false, kNoRemote}, LinkRoad::Http, nullptr},
-        DecisionCase{"cgi", {"http://h/DoCGI/x", "a", "\\p", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/CG "},
-        DecisionCase{"cgiInternet", {"http://h/cgi/x", "a", ""}, LinkRoad::Http, nullptr},
-        DecisionCase{"ftp", {"Ftp://h/a", "a", "\\p", false, kLocal}, LinkRoad::Ftp, nullptr},
-        DecisionCase{"ftpCgi", {"ftp://h/cgi", "a", "", false, kLocal}, LinkRoad::Settled, "NA/CG "},
-        DecisionCase{"file", {"http://h/a", "a", "\\p", false, kLocal}, LinkRoad::LocalFile, nullptr},
-        DecisionCase{"pathInternet", {"http://h/a", "a", "\\p"}, LinkRoad::Http, nullptr},
-        DecisionCase{"http", {"http://h/a", "a", "", false, kLocal}, LinkRoad::Http, nullptr}),
+    testing::Values(DecisionCase{"known", {"https://h/", "[Script URL]", "", true}, LinkRoad::Settled, "OK    "},
+                    DecisionCase{"secure", {"HTTPS://h/", "[Script URL]", ""}, LinkRoad::Settled, "NA/SE "},
+                    DecisionCase{"script", {"http://h/", "[Script URL]", ""}, LinkRoad::Settled, "NA/SC "},
+                    DecisionCase{"scriptCase", {"http://h/", "[script url]", ""}, LinkRoad::Http, nullptr},
+                    DecisionCase{"ftpRemote", {"FTP://h/cgi", "a", "\\p", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/RE "},
+                    DecisionCase{"remote", {"http://h/cgi", "a", "", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/RE "},
+                    DecisionCase{"remoteInternet", {"http://h/", "a", "", false, false, kNoRemote}, LinkRoad::Http, nullptr},
+                    DecisionCase{"cgi", {"http://h/DoCGI/x", "a", "\\p", false, kLocal, kNoRemote}, LinkRoad::Settled, "NA/CG "},
+                    DecisionCase{"cgiInternet", {"http://h/cgi/x", "a", ""}, LinkRoad::Http, nullptr},
+                    DecisionCase{"ftp", {"Ftp://h/a", "a", "\\p", false, kLocal}, LinkRoad::Ftp, nullptr},
+                    DecisionCase{"ftpCgi", {"ftp://h/cgi", "a", "", false, kLocal}, LinkRoad::Settled, "NA/CG "},
+                    DecisionCase{"file", {"http://h/a", "a", "\\p", false, kLocal}, LinkRoad::LocalFile, nullptr},
+                    DecisionCase{"pathInternet", {"http://h/a", "a", "\\p"}, LinkRoad::Http, nullptr},
+                    DecisionCase{"http", {"http://h/a", "a", "", false, kLocal}, LinkRoad::Http, nullptr}),
     [](const auto& tested) { return tested.param.name; });
 
 ProbeOutcome Failed(int number, std::string_view reply, std::string_view text = "x") {

@@ -180,9 +180,13 @@ class Naive {
         auto end = InStr(quote + 2, tag, "\"");
         if (end == 0) end = image ? tag.size() : tag.size() + 1;
         const string value = Mid(tag, quote + 1, end - quote - 1);
-        const string label = kind == "area" ? "[Image Map Link]" : kind == "frame" ? "[Frame]" : image ? "[Image]"
-                             : kind == "body" ? "[Background Image]" : kind == "bgsound" ? "[MS Sound]"
-                             : kind == "embed" ? "[Plug-in]" : "[Java Applet]";
+        const string label = kind == "area"      ? "[Image Map Link]"
+                             : kind == "frame"   ? "[Frame]"
+                             : image             ? "[Image]"
+                             : kind == "body"    ? "[Background Image]"
+                             : kind == "bgsound" ? "[MS Sound]"
+                             : kind == "embed"   ? "[Plug-in]"
+                                                 : "[Java Applet]";
         Add(kind, Address(kind == "area" ? value : Trimmed(value)), label);
         if (general) soundSeen_ = true;
     }

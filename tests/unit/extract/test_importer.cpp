@@ -79,8 +79,7 @@ TEST_P(Rows, AreThese) { EXPECT_EQ(RowsOf(GetParam().page), GetParam().rows) << 
 INSTANTIATE_TEST_SUITE_P(
     SmallPages, Rows,
     testing::Values(
-        RowCase{"<A HREF=\"x.htm\">Next</A>", "Next|http://host.dom/docs/x.htm\n"},
-        RowCase{"<a href=x.htm>Next</a>", ""},
+        RowCase{"<A HREF=\"x.htm\">Next</A>", "Next|http://host.dom/docs/x.htm\n"}, RowCase{"<a href=x.htm>Next</a>", ""},
         RowCase{"<a href='x.htm'>Next</a>", ""},
         RowCase{"<a href=x title=\"t.htm\">Next</a>", "Next|http://host.dom/docs/t.htm\n"},
         RowCase{"<a href=\"x.htm#top\">Next</a>", "[Local: #top]|http://host.dom/docs/x.htm\n"},
@@ -91,20 +90,18 @@ INSTANTIATE_TEST_SUITE_P(
                 "[Image Map Link]|http://host.dom/docs/x.htm\n[Image]|http://host.dom/docs/p.gif\n"},
         RowCase{"<a href=\"x.htm\"><img src=\"p.gif\"></a>",
                 "[Image HyperLink]|http://host.dom/docs/x.htm\n[Image]|http://host.dom/docs/p.gif\n"},
-        RowCase{"<option value=\"http://h/x.htm\">Go<", "[Menu] Go|http://h/x.htm\n"},
-        RowCase{"<option value=\"a.htm\">Go<", ""},
+        RowCase{"<option value=\"http://h/x.htm\">Go<", "[Menu] Go|http://h/x.htm\n"}, RowCase{"<option value=\"a.htm\">Go<", ""},
         RowCase{"<meta http-equiv=\"refresh\" content=\"5; url=next.htm\">", "[Meta Tag]|http://host.dom/docs/next.htm\n"},
         RowCase{"<meta name=\"author\">", ""},
         RowCase{"<frame src=\"f.htm#a\">", "[Frame - Local: #a]|http://host.dom/docs/f.htm\n"},
-        RowCase{"<iframe src=\"f.htm\">", ""},
-        RowCase{"<area href=\"m.htm\">", "[Image Map Link]|http://host.dom/docs/m.htm\n"},
-        RowCase{"<area href=\"mailto:x\">", ""},
-        RowCase{"<img src=\"javascript:x\">", "[Script Image]|javascript:x\n"},
+        RowCase{"<iframe src=\"f.htm\">", ""}, RowCase{"<area href=\"m.htm\">", "[Image Map Link]|http://host.dom/docs/m.htm\n"},
+        RowCase{"<area href=\"mailto:x\">", ""}, RowCase{"<img src=\"javascript:x\">", "[Script Image]|javascript:x\n"},
         RowCase{"<body background=\"b.gif\">\n<bgsound src=\"s.wav\">", "[Background Image]|http://host.dom/docs/b.gif\n"},
         RowCase{"<bgsound src=\"s.wav\">\n<bgsound src=\"t.wav\">", "[MS Sound]|http://host.dom/docs/s.wav\n"},
         RowCase{"<bgsound src=\"s.wav\"><bgsound src=\"t.wav\">",
                 "[MS Sound]|http://host.dom/docs/s.wav\n[MS Sound]|http://host.dom/docs/t.wav\n"},
-        RowCase{"<embed src=\"e\"><applet code=\"c\">", "[Plug-in]|http://host.dom/docs/e\n[Java Applet]|http://host.dom/docs/c\n"},
+        RowCase{"<embed src=\"e\"><applet code=\"c\">",
+                "[Plug-in]|http://host.dom/docs/e\n[Java Applet]|http://host.dom/docs/c\n"},
         RowCase{"<a href=\"a\">one</a>\r<a href=\"a\">one</a>", "one|http://host.dom/docs/a\none|http://host.dom/docs/a\n"},
         RowCase{"<img src=\"i\"><a href=\"a\">one</a>", "one|http://host.dom/docs/a\n[Image]|http://host.dom/docs/i\n"},
         RowCase{"<a\nhref=\"x.htm\">two\nlines</a>", "two lines|http://host.dom/docs/x.htm\n"},
@@ -113,8 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
         RowCase{"<script>x</script><a href=\"a\">one</a>", "one|http://host.dom/docs/a\n"},
         RowCase{"<script>\n<a href=\"a\">one</a>\n</script>", "one|http://host.dom/docs/a\n"},
         RowCase{"<SCRIPT><a href=\"a\">one</a></SCRIPT>", "one|http://host.dom/docs/a\n"},
-        RowCase{"<a href=\"javascript:x\">s</a>", ""},
-        RowCase{"<a href=\"//h/x\">p</a>", "p|http://host.dom//h/x\n"},
+        RowCase{"<a href=\"javascript:x\">s</a>", ""}, RowCase{"<a href=\"//h/x\">p</a>", "p|http://host.dom//h/x\n"},
         RowCase{"<a href=\"a\">A &amp; B&nbsp; \t C</a>", "A & B C|http://host.dom/docs/a\n"}));
 
 TEST_F(Importing, LinesInsideAScriptBlockAreSkippedOnlyWhereTheDialogTurnedItOn) {
@@ -154,7 +150,8 @@ TEST_F(Importing, ABaseTakesTheDocumentsPlace) {
     EXPECT_EQ(RowsOf("<head>\n<BASE HREF=\"http://b.dom/d/\">\n</head>\n<a href=\"x\">x</a>"), "x|http://b.dom/d/x\n");
     EXPECT_EQ(http.URLServer(), "b.dom");
     EXPECT_EQ(RowsOf("<base target=\"_top\"><link href=\"http://c.dom/\">\n<a href=\"x\">x</a>"), "x|http://host.dom/docs/x\n");
-    EXPECT_EQ(RowsOf(std::string(9001, ' ') + "\n<base href=\"http://b.dom/\"><a href=\"x\">x</a>"), "x|http://host.dom/docs/x\n");
+    EXPECT_EQ(RowsOf(std::string(9001, ' ') + "\n<base href=\"http://b.dom/\"><a href=\"x\">x</a>"),
+              "x|http://host.dom/docs/x\n");
 }
 
 TEST_F(Importing, AFolderOfTheSiteGivesPathsInInternetMode) {

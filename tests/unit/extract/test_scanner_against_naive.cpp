@@ -9,13 +9,81 @@
 namespace qv {
 namespace {
 
-const std::vector<std::string> kPieces = {
-    "<a ", "<a", "<A HREF=", "href=\"", "href=", "HREF", "\"", "\"\"", ">", "</a>", "</A>", "/a>", "<", "</", "text", " ", "  ", "\t",
-    "<area ", "<applet code=\"", "<option value=\"http://h/x\">", "<option ", "value", "http:", "ftp:", "<frame src=\"", "<frameset>",
-    "src=\"", "<img ", "<IMG SRC=\"p.gif\">", "<img", "ismap", "<meta ", "url=", "URL", "location=", "content=\"5; url=n.htm\"", ";",
-    "<body background=\"", "<bgsound src=\"s\"", "<embed src=\"e\">", "code", "background", "<script>", "</script>", "<script", "/script>",
-    "<SCRIPT>", "javascript:x", "mailto:", "news:", "../", "./", "/", "#", "#top", "x.htm", "//", "http://h", "http://h/banners/a",
-    "&amp;", "&nbsp;", "&am", "p;", "=", "\r\n", "\r\n", "\n", "\r", "\n\n", "-", "<b>", "<br", "\xC3\xA9", std::string(1, '\0')};
+const std::vector<std::string> kPieces = {"<a ",
+                                          "<a",
+                                          "<A HREF=",
+                                          "href=\"",
+                                          "href=",
+                                          "HREF",
+                                          "\"",
+                                          "\"\"",
+                                          ">",
+                                          "</a>",
+                                          "</A>",
+                                          "/a>",
+                                          "<",
+                                          "</",
+                                          "text",
+                                          " ",
+                                          "  ",
+                                          "\t",
+                                          "<area ",
+                                          "<applet code=\"",
+                                          "<option value=\"http://h/x\">",
+                                          "<option ",
+                                          "value",
+                                          "http:",
+                                          "ftp:",
+                                          "<frame src=\"",
+                                          "<frameset>",
+                                          "src=\"",
+                                          "<img ",
+                                          "<IMG SRC=\"p.gif\">",
+                                          "<img",
+                                          "ismap",
+                                          "<meta ",
+                                          "url=",
+                                          "URL",
+                                          "location=",
+                                          "content=\"5; url=n.htm\"",
+                                          ";",
+                                          "<body background=\"",
+                                          "<bgsound src=\"s\"",
+                                          "<embed src=\"e\">",
+                                          "code",
+                                          "background",
+                                          "<script>",
+                                          "</script>",
+                                          "<script",
+                                          "/script>",
+                                          "<SCRIPT>",
+                                          "javascript:x",
+                                          "mailto:",
+                                          "news:",
+                                          "../",
+                                          "./",
+                                          "/",
+                                          "#",
+                                          "#top",
+                                          "x.htm",
+                                          "//",
+                                          "http://h",
+                                          "http://h/banners/a",
+                                          "&amp;",
+                                          "&nbsp;",
+                                          "&am",
+                                          "p;",
+                                          "=",
+                                          "\r\n",
+                                          "\r\n",
+                                          "\n",
+                                          "\r",
+                                          "\n\n",
+                                          "-",
+                                          "<b>",
+                                          "<br",
+                                          "\xC3\xA9",
+                                          std::string(1, '\0')};
 
 std::string MakePage(std::mt19937& random, std::size_t pieces) {
     std::string page;
@@ -68,7 +136,8 @@ void Compare(const std::string& page, std::mt19937& random) {
     }
     EXPECT_EQ(scanner.Position(), page.size());
     ASSERT_EQ(Shown(links), Shown(ImportNaively(page, settings, base)))
-        << "IgnoreJavaScript " << settings.ignoreJavaScript << ", page:\n" << page;
+        << "IgnoreJavaScript " << settings.ignoreJavaScript << ", page:\n"
+        << page;
 }
 
 TEST(ScannerAgainstNaive, FindsTheSameRowsOnWildPages) {

@@ -43,8 +43,10 @@ class FakeHttp1 : public HTTP1 {
             return;
         }
         log.push_back((action == Get ? "GET " : "HEAD ") + URL());
-        if (exchange) exchange(*this, action);
-        else Reply("HTTP/1.1 200 OK");
+        if (exchange)
+            exchange(*this, action);
+        else
+            Reply("HTTP/1.1 200 OK");
     }
 
    private:

@@ -63,8 +63,10 @@ class FakeLoop : public EventLoop {
                 continue;
             }
             const auto tick = at->second.tick;
-            if (at->second.repeat) at->second.due = clock_.now + at->second.interval;
-            else timers_.erase(at);
+            if (at->second.repeat)
+                at->second.due = clock_.now + at->second.interval;
+            else
+                timers_.erase(at);
             tick();
             any = true;
             at = timers_.begin();

@@ -247,8 +247,8 @@ TEST_F(Lookups, ThatCannotBeMadeEndWithAStatus) {
 }
 
 TEST_F(Lookups, OfImpossibleNamesAreNotMade) {
-    for (const std::string& name : {std::string(), std::string("a..b"), std::string(64, 'x'), std::string("a b"), std::string("a\nb"),
-                                    std::string(".a"), std::string(300, 'x')}) {
+    for (const std::string& name : {std::string(), std::string("a..b"), std::string(64, 'x'), std::string("a b"),
+                                    std::string("a\nb"), std::string(".a"), std::string(300, 'x')}) {
         statuses.clear();
         ResolverIpInfo1 info(loop, error, [](const std::string&) {
             ADD_FAILURE();

@@ -60,27 +60,26 @@ class RedirectTargets : public testing::TestWithParam<RedirectCase> {};
 
 TEST_P(RedirectTargets, AreBuiltAsTold) {
     const auto& param = GetParam();
-    const auto target = ParseRedirect("Server: s\r\nLocation: " + std::string(param.location) + "\r\n: \r\n",
-                                      {"http", "h.dom", 81, param.path});
+    const auto target =
+        ParseRedirect("Server: s\r\nLocation: " + std::string(param.location) + "\r\n: \r\n", {"http", "h.dom", 81, param.path});
     ASSERT_TRUE(target);
     EXPECT_EQ(*target, param.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Redirect, RedirectTargets,
-    testing::Values(RedirectCase{"/r/", "x.htm", "http://h.dom:81/r/x.htm"},
-                    RedirectCase{"/r", "x.htm", "http://h.dom:81/r/x.htm"},
-                    RedirectCase{"", "x.htm", "http://h.dom:81/x.htm"},
-                    RedirectCase{"/r/page.htm", "other.htm", "http://h.dom:81/r/page.ht"},
-                    RedirectCase{"/r/page.htm", "../other.htm", "http://h.dom:81/r/page.ht"},
-                    RedirectCase{"/list?n=12", "o", "http://h.dom:81/list?n=1"},
-                    RedirectCase{"/d=e/x", "o", "http://h.dom:81/d=e/"},
-                    RedirectCase{"/r.d/deep/", "x.htm", "http://h.dom:81/r.d/deep/x.htm"},
-                    RedirectCase{"/r/page.htm", "/t 1;2", "http://h.dom:81/t%201%3B2"},
-                    RedirectCase{"/r/page.htm", "/t&amp;1", "http://h.dom:81/t&1"},
-                    RedirectCase{"/r/page.htm", "  /T/Page.HTM  ", "http://h.dom:81/T/Page.HTM"},
-                    RedirectCase{"/r/page.htm", "HTTP://o/x", "HTTP://o/x"},
-                    RedirectCase{"/r/", "", "http://h.dom:81/r/"}));
+INSTANTIATE_TEST_SUITE_P(Redirect, RedirectTargets,
+                         testing::Values(RedirectCase{"/r/", "x.htm", "http://h.dom:81/r/x.htm"},
+                                         RedirectCase{"/r", "x.htm", "http://h.dom:81/r/x.htm"},
+                                         RedirectCase{"", "x.htm", "http://h.dom:81/x.htm"},
+                                         RedirectCase{"/r/page.htm", "other.htm", "http://h.dom:81/r/page.ht"},
+                                         RedirectCase{"/r/page.htm", "../other.htm", "http://h.dom:81/r/page.ht"},
+                                         RedirectCase{"/list?n=12", "o", "http://h.dom:81/list?n=1"},
+                                         RedirectCase{"/d=e/x", "o", "http://h.dom:81/d=e/"},
+                                         RedirectCase{"/r.d/deep/", "x.htm", "http://h.dom:81/r.d/deep/x.htm"},
+                                         RedirectCase{"/r/page.htm", "/t 1;2", "http://h.dom:81/t%201%3B2"},
+                                         RedirectCase{"/r/page.htm", "/t&amp;1", "http://h.dom:81/t&1"},
+                                         RedirectCase{"/r/page.htm", "  /T/Page.HTM  ", "http://h.dom:81/T/Page.HTM"},
+                                         RedirectCase{"/r/page.htm", "HTTP://o/x", "HTTP://o/x"},
+                                         RedirectCase{"/r/", "", "http://h.dom:81/r/"}));
 
 TEST(RedirectSearch, PassesOverLongerNames) {
     const RedirectBase base{"http", "h", 80, "/a"};

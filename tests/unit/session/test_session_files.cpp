@@ -21,7 +21,8 @@ LinkTable TwoLinks() {
     return links;
 }
 
-constexpr const char* kTwoLinks = "First\r\nhttp://h/a.htm\r\nX\r\n\r\n\r\n[Image]\r\nhttp://h/p.gif\r\n\r\nOK *\r\n\\w\\p.gif\r\n";
+constexpr const char* kTwoLinks =
+    "First\r\nhttp://h/a.htm\r\nX\r\n\r\n\r\n[Image]\r\nhttp://h/p.gif\r\n\r\nOK *\r\n\\w\\p.gif\r\n";
 
 TEST(LinksFile, HoldsFiveTrimmedLinesALink) { EXPECT_EQ(ComposeLinks(TwoLinks()), kTwoLinks); }
 

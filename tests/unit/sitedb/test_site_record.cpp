@@ -52,7 +52,8 @@ TEST(DefaultRecordTest, HoldsTheDefaults) {
     EXPECT_EQ(record.Number(field::MakeHtmlReport), -1);
     EXPECT_EQ(record.Text(field::FtpPassword), "guest@quorvantis.local");
     EXPECT_EQ(record.Text(field::ReportFolder), "\\home\\Reports\\");
-    EXPECT_EQ(record.RawText(field::ProxyUserName), std::string_view("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 30));
+    EXPECT_EQ(record.RawText(field::ProxyUserName),
+              std::string_view("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 30));
 }
 
 TEST(SiteRecordKey, FollowsTheKind) {
@@ -156,7 +157,8 @@ TEST_F(Database, ConvertsTheOldLayout) {
 }
 
 TEST_F(Database, ConversionCarriesWhatItDoesNotAssign) {
-    std::string old = OldRecord("http://one/", 33) + OldRecord("http://two/", 44) + OldRecord("http://3/", 5) + OldRecord("http://4/", 5);
+    std::string old =
+        OldRecord("http://one/", 33) + OldRecord("http://two/", 44) + OldRecord("http://3/", 5) + OldRecord("http://4/", 5);
     old[7000] = 'Q';
     File("sitedata.zdt") = old;
     Convert();
