@@ -42,6 +42,7 @@ bool DocumentStore::HasCounter() const { return files_.FileExists(CacheFolder() 
 
 void DocumentStore::SaveRunState(const ListBox& documents) {
     std::vector<DocumentEntry> entries;
+    entries.reserve(static_cast<std::size_t>(documents.Count()));
     for (int i = 0; i < documents.Count(); ++i) entries.emplace_back(documents.Text(i), documents.ItemData(i));
     files_.Write(session_.AppPath + "session.zdt", ComposeSession(entries));
     files_.Write(CacheFolder() + "goodlink.zdt", ComposeGoodLinks(session_.Good));

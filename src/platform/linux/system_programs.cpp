@@ -20,7 +20,7 @@ std::string FindInPath(const std::string& name) {
     std::string_view rest = path != nullptr ? path : "";
     while (!rest.empty()) {
         const auto colon = rest.find(':');
-        const std::string candidate = std::string(rest.substr(0, colon)) + "/" + name;
+        std::string candidate = std::string(rest.substr(0, colon)) + "/" + name;
         if (access(candidate.c_str(), X_OK) == 0) return candidate;
         rest.remove_prefix(colon == std::string_view::npos ? rest.size() : colon + 1);
     }
