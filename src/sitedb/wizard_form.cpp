@@ -66,6 +66,10 @@ WizardForm::WizardForm(Parts parts) : Form(parts.windows, "WizardForm", ""), p_(
 
 void WizardForm::Connect() {
     Load = [this] { Form_Load(); };
+    Activate = [this] {
+        Activate = nullptr;
+        Text1.SetFocus();
+    };
     Unload = [this](bool&) { Form_Unload(); };
     TabStrip1.BeforeClick = [this](bool& refused) { BeforeTab(refused); };
     TabStrip1.Click = [this] { ShowPage(TabStrip1.Value()); };
