@@ -72,23 +72,35 @@ EventLoop::TimerId PollLoop::StartTimer(std::chrono::milliseconds interval, bool
 
 void PollLoop::StopTimer(TimerId timer) { timers_.erase(timer); }
 
+// The wake-up stays readable until the last piece of work has been taken, so that nested turns go on with the next one.
 void PollLoop::Post(std::function<void()> work) {
-    {
-        const std::lock_guard lock(mutex_);
-        posted_.push_back(std::move(work));
-    }
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+    if (posted_.size() > 1) return;
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(wake_, &one, sizeof one);
 }
 
-bool PollLoop::RunPosted() {
-    std::vector<std::function<void()>> work;
+std::function<void()> PollLoop::TakePosted() {
+    const std::lock_guard lock(mutex_);
+    if (posted_.empty()) return nullptr;
+    std::function<void()> work = std::move(posted_.front());
+    posted_.pop_front();
+    if (posted_.empty()) {
+        std::uint64_t drained = 0;
+        [[maybe_unused]] const auto got = read(wake_, &drained, sizeof drained);
+    }
+    return work;
+}
+
+void PollLoop::RunPosted() {
+    std::size_t left = 0;  // what is posted meanwhile waits for the next turn
     {
         const std::lock_guard lock(mutex_);
-        work.swap(posted_);
+        left = posted_.size();
     }
-    for (auto& one : work) one();
-    return !work.empty();
+    for (; left > 0; --left)
+        if (const auto work = TakePosted()) work();
 }
 
 bool PollLoop::RunTimers() {
@@ -120,8 +132,6 @@ bool PollLoop::RunDescriptors(int timeoutMilliseconds) {
     for (int i = 0; i < count; ++i) {
         const epoll_event& event = events[static_cast<std::size_t>(i)];
         if (event.data.fd == wake_) {
-            std::uint64_t drained = 0;
-            [[maybe_unused]] const auto got = read(wake_, &drained, sizeof drained);
             RunPosted();
             continue;
         }

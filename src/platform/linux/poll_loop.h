@@ -2,10 +2,10 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/event_loop.h"
 
@@ -41,7 +41,8 @@ class PollLoop : public EventLoop {
     };
 
     bool Turn(std::chrono::milliseconds atMost);  // whether anything was handled
-    bool RunPosted();
+    void RunPosted();
+    std::function<void()> TakePosted();  // the next piece of work, or nothing
     bool RunTimers();
     bool RunDescriptors(int timeoutMilliseconds);
     int UntilNextTimer(std::chrono::milliseconds atMost) const;
@@ -53,7 +54,7 @@ class PollLoop : public EventLoop {
     TimerId lastTimer_ = 0;
     SteadyTime lastTurn_;
     std::mutex mutex_;  // guards posted_
-    std::vector<std::function<void()>> posted_;
+    std::deque<std::function<void()>> posted_;
 };
 
 }  // namespace qv

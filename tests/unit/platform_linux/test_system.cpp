@@ -156,6 +156,18 @@ TEST(PollLoopTest, IsWokenFromAnotherThread) {
     other.join();
 }
 
+TEST(PollLoopTest, NestedTurnsGoOnWithPostedWork) {
+    PollLoop loop;
+    std::string order;
+    loop.Post([&] {
+        while (order != "b") loop.WaitFor(1);
+        order += "a";
+    });
+    loop.Post([&] { order += "b"; });
+    while (order.size() < 2) loop.WaitFor(1);
+    EXPECT_EQ(order, "ba");
+}
+
 TEST(PollLoopTest, TurnsCanBeNestedAndWatchesEndInside) {
     PollLoop loop;
     int pipes[2];
