@@ -5,7 +5,11 @@
 
 namespace qv {
 
-void LinkFlag::SetStatus(std::string_view status) { Status = PadCharacters(FirstCharacters(status, 6), 6); }
+void LinkFlag::SetStatus(std::string_view status) {
+    constexpr std::size_t kWidth = 6;
+    Status = std::string(FitBytes(status, kWidth));
+    Status.resize(kWidth, ' ');
+}
 
 std::string_view LinkFlag::TrimmedStatus() const { return Trim(Status); }
 

@@ -15,7 +15,7 @@ struct LinkFlag {
     std::string Status = "      ";  // six characters, blank-padded
 
     bool Marked() const { return Mark == 'X'; }
-    void SetStatus(std::string_view status);  // cut or padded to six characters
+    void SetStatus(std::string_view status);  // cut to whole characters that fit six bytes, or padded
     std::string_view TrimmedStatus() const;
 };
 

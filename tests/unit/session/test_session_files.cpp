@@ -58,6 +58,18 @@ TEST(LinksFile, CutsAStatusToSixCharacters) {
     EXPECT_FALSE(links.LinkFlags[1].Marked());
 }
 
+TEST(LinksFile, IsTheSameWhenItIsWrittenAgain) {
+    for (const std::string& bytes : {std::string("\r\0\xFF\xFF\xFF \0tt\xFF\x8B\n\x8DX\n\xE3\xA7\x97\x01t=thh=\n", 26),
+                                     std::string("t\r\nu\r\nX\r\n\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\r\np\r\n")}) {
+        LinkTable links;
+        ParseLinks(bytes, links);
+        const std::string once = ComposeLinks(links);
+        ParseLinks(once, links);
+        EXPECT_EQ(ComposeLinks(links), once);
+        for (const auto& flag : links.LinkFlags) EXPECT_EQ(flag.Status.size(), 6U);
+    }
+}
+
 TEST(LinkFileComposerTest, ComposesWhatTheWholeTableGives) {
     LinkTable links;
     for (int i = 0; i < 1000; ++i) links.Add("text " + std::to_string(i), "http://h/" + std::to_string(i), Flagged('X', ""), "");
