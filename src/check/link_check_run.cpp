@@ -209,6 +209,10 @@ void LinkCheckRun::SaveDocument() {
     }
 }
 
+void LinkCheckRun::SaveIfRunning() {
+    if (p_.flags.CheckRunning != 0 && p_.settings.ProgramMode != kBookmarksMode) SaveDocument();
+}
+
 void LinkCheckRun::CreateAutomaticReports() {
     if (p_.settings.AutoReportsAfterCheck == 0 || p_.flags.EnterpriseRunning != 0 || !CreateReports) return;
     std::string errorText;

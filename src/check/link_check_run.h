@@ -42,6 +42,9 @@ class LinkCheckRun {
     std::function<void(std::string& errorText)> CreateReports;  // the automatic reports at the end
     std::function<void()> RowJudged;                            // after each row, for a progress line
 
+    // Writes the links of the document at hand if a run is on: for an end of the program in its middle.
+    void SaveIfRunning();
+
     long QuestionableCount() const { return QuestionableCount_; }
     long GoodCount() const { return GoodCount_; }
     bool RunStopped() const { return RunStopped_; }

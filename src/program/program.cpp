@@ -134,6 +134,7 @@ void Program::House::ConnectStart(Program& program) {
     startUp.MenuFileLocalMode_Click = [this] { modes.MenuFileLocalMode_Click(); };
     startUp.ShowConfigForm = [this] { ShowConfigForm(); };
     startUp.ShowTipForm = [this] { ShowTipForm(); };
+    startUp.SaveRunningCheck = [this] { checkRun.SaveIfRunning(); };
     startUp.End = [&program](int code) {
         if (program.OnEnd) program.OnEnd(code);
     };

@@ -123,7 +123,10 @@ void StartUp::CheckForm_Activate() {
 bool StartUp::AskAboutSession() {
     const std::string answer = p_.windows.ShowMessage(
         {.text = kSaveQuestion, .buttons = {"Yes", "No", "Cancel"}, .defaultButton = "Yes", .question = true});
-    if (answer == "Yes") p_.store.SaveRunState(p_.window.txtFileName);
+    if (answer == "Yes") {
+        if (SaveRunningCheck) SaveRunningCheck();
+        p_.store.SaveRunState(p_.window.txtFileName);
+    }
     if (answer == "No") MenuFileNew_Click();
     return answer != "Cancel";
 }

@@ -59,6 +59,7 @@ class StartUp {
     std::function<void()> ShowConfigForm;  // modally
     std::function<void()> ShowTipForm;
     std::function<void()> AutomaticStart;  // the unattended run
+    std::function<void()> SaveRunningCheck;
     std::function<void(int)> End;
 
    private:

@@ -106,6 +106,20 @@ class Session(Case):
         self.assertEqual(p.check(), "None of 4 links checked were questionable.")
         self.assertEqual([item["selected"] for item in p.state("CheckForm.List1")["items"]], [False] * 26)
 
+    def test_closed_in_the_middle_of_a_check(self):
+        server = self.server({"*": reply(), "/hang": "silent"})
+        self.scratch.document(server.url("doc.htm"), [server.url("n%d" % n) for n in range(5)] + [server.url("hang")])
+        p = self.program()
+        p.send("click", "CheckForm.ComStart")
+        p.until(lambda: (b"HEAD", b"/hang") in server.asked())
+        p.send("close", "CheckForm")
+        p.event("message")
+        p.do("answer", value="Yes")
+        p.event("exit")
+        p.process.wait(10)
+        self.assertEqual(self.scratch.statuses(), ["OK"] * 5 + ["-->"])
+        self.assertEqual([link[2] for link in self.scratch.links()], [""] * 5 + ["X"])
+
     def test_reopening_reuses_the_number(self):
         server = self.server({"/a.htm": reply(200, "OK", page("x.htm")), "/b.htm": reply(200, "OK", page("y.htm"))})
         p = self.program()
