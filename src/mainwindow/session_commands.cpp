@@ -26,7 +26,7 @@ void SessionCommands::DeleteCacheFiles() {
         p_.files.RemoveAll(cache, mask);
         bar.SetValue(++step);
     }
-    p_.files.RemoveAll(cache, "*~");  // a write that a crash has cut
+    p_.files.RemoveAll(cache, ".quorvantis-*");  // writes that a crash has cut
     p_.files.Remove(p_.session.AppPath + "session.zdt");
     bar.SetValue(++step);
 }

@@ -7,7 +7,20 @@ namespace {
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
+bool SameLetters(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
 }  // namespace
+
+std::string Files::RealName(const std::string& folder, const std::string& name) const {
+    std::string found = name;
+    for (const auto& listed : List(folder, name)) {  // a "*" in the name only makes the list longer
+        if (listed == name) return name;
+        if (SameLetters(listed, name)) found = listed;
+    }
+    return found;
+}
 
 bool FitsMask(std::string_view name, std::string_view mask) {
     std::size_t n = 0;

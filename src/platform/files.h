@@ -52,6 +52,10 @@ class Files {
     // Names in a folder that fit a mask with "*" and "?", without regard to case, sorted bytewise; without "." and "..".
     virtual std::vector<std::string> List(const std::string& folder, const std::string& mask) const = 0;
 
+    // The name as the folder lists it that equals `name` without regard to ASCII case, one of the same case first; `name`
+    // itself when there is none. `folder` ends in a backslash.
+    std::string RealName(const std::string& folder, const std::string& name) const;
+
     // Removes each file of the folder that fits the mask. Failures are passed over.
     void RemoveAll(const std::string& folder, const std::string& mask) {
         for (const auto& name : List(folder, mask)) Remove(folder + name);

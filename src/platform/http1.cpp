@@ -43,6 +43,17 @@ std::string EncodeControls(std::string_view text) {
     return encoded;
 }
 
+std::vector<std::string> RequestHeaderLines(std::string_view text) {
+    constexpr std::string_view kLineEnd = "\r\n";
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const auto end = text.find(kLineEnd);
+        if (end != 0) lines.push_back(EncodeControls(text.substr(0, end)));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + kLineEnd.size());
+    }
+    return lines;
+}
+
 std::string RequestTarget(std::string_view path) {
     std::string target;
     if (path.empty() || path.front() != '/') target = "/";

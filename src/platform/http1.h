@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/url_parts.h"
 
@@ -74,6 +75,10 @@ class HTTP1 {
 
 // The text with its control characters and DEL percent-encoded, so that it can stand in a header line.
 std::string EncodeControls(std::string_view text);
+
+// The lines of a text of request headers, each closed by CR LF: without their ends, with their control characters encoded;
+// empty ones are left out.
+std::vector<std::string> RequestHeaderLines(std::string_view text);
 
 // The target of a request line: the path as it stands, with blanks, control characters and DEL percent-encoded and the
 // fragment cut off; "/" when it is empty, and a "/" put in front of a path that begins otherwise.

@@ -12,14 +12,13 @@ void TakePort(std::string& server, int& port) {
     const std::size_t bracket = server.rfind(']', end);
     const std::size_t colon = server.rfind(':', end);
     if (colon == std::string::npos || colon > end || (bracket != std::string::npos && colon < bracket)) return;
+    const std::string digits = server.substr(colon + 1, end - colon - 1);
+    if (digits.find_first_not_of("0123456789") != std::string::npos) return;
     int value = 0;
-    const char* first = server.data() + colon + 1;
-    const char* last = server.data() + end;
-    const auto [rest, error] = std::from_chars(first, last, value);
-    if (first != last) {
-        if (error != std::errc{} || rest != last || value < 1 || value > 65535) return;
-        port = value;
-    }
+    const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    const bool isPort = parsed.ec == std::errc{} && value >= 1 && value <= 65535;
+    if (!isPort && !digits.empty()) return;
+    if (isPort) port = value;
     server.erase(colon, end - colon);
 }
 

@@ -2,16 +2,21 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <unordered_map>
 
 #include "platform/event_loop.h"
 
 namespace qv {
 
-// Turns may be nested: a handler may call Yield or WaitFor, and every handler may be entered again from such a turn.
+// Turns may be nested: a handler may call Yield or WaitFor, and every handler may be entered again from such a turn, also
+// while it runs itself; a handler that can't bear that guards itself. Work that was posted, timers that are due and
+// descriptors that are ready are never held back by a handler that waits in a turn of its own.
+// A descriptor's watch is to be ended before the descriptor is closed.
 class PollLoop : public EventLoop {
    public:
     PollLoop();
@@ -22,6 +27,7 @@ class PollLoop : public EventLoop {
     void Yield() override;
     void WaitFor(double seconds) override;
     void YieldIfDue() override;
+    // A descriptor that the system can't wait for (a plain file, /dev/null, one that isn't open) counts as ready at each turn.
     void Watch(int descriptor, bool read, bool write, std::function<void(bool, bool)> ready) override;
     TimerId StartTimer(std::chrono::milliseconds interval, bool repeat, std::function<void()> tick) override;
     void StopTimer(TimerId timer) override;
@@ -31,6 +37,7 @@ class PollLoop : public EventLoop {
     using SteadyTime = std::chrono::steady_clock::time_point;
     struct Watched {
         bool read = false, write = false;
+        std::uint32_t generation = 0;  // tells this watch from earlier ones of the same number
         std::shared_ptr<std::function<void(bool, bool)>> ready;
     };
     struct RunningTimer {
@@ -40,20 +47,23 @@ class PollLoop : public EventLoop {
         std::shared_ptr<std::function<void()>> tick;
     };
 
-    bool Turn(std::chrono::milliseconds atMost);  // whether anything was handled
+    void Turn(std::chrono::milliseconds atMost);
     void RunPosted();
-    std::function<void()> TakePosted();  // the next piece of work, or nothing
     bool RunTimers();
-    bool RunDescriptors(int timeoutMilliseconds);
+    void RunDescriptors(int timeoutMilliseconds);
+    void RunAlwaysReady();
     int UntilNextTimer(std::chrono::milliseconds atMost) const;
 
     int epoll_ = -1;
     int wake_ = -1;
     std::unordered_map<int, Watched> watched_;
+    std::set<int> alwaysReady_;  // those that the system can't wait for
+    std::uint32_t lastGeneration_ = 0;
     std::unordered_map<TimerId, RunningTimer> timers_;
     TimerId lastTimer_ = 0;
     SteadyTime lastTurn_;
-    std::mutex mutex_;  // guards posted_
+    std::uint64_t polls_ = 0;  // how often the descriptors were asked for
+    std::mutex mutex_;         // guards posted_
     std::deque<std::function<void()>> posted_;
 };
 

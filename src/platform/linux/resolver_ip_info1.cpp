@@ -32,24 +32,6 @@ std::string TextOf(const addrinfo& info) {
 
 }  // namespace
 
-bool IsImpossibleHostName(const std::string& name) {
-    constexpr std::size_t kLongestLabel = 63;
-    constexpr std::size_t kLongestName = 253;
-    if (name.empty() || name.size() > kLongestName) return true;
-    std::size_t label = 0;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(name[i]);
-        if (byte <= 0x20 || byte == 0x7F) return true;
-        if (name[i] != '.') {
-            if (++label > kLongestLabel) return true;
-            continue;
-        }
-        if (label == 0) return true;
-        label = 0;
-    }
-    return false;
-}
-
 ResolverAnswer AskSystemResolver(const std::string& name) {
     std::string bare = name;
     if (bare.size() > 2 && bare.front() == '[' && bare.back() == ']') bare = bare.substr(1, bare.size() - 2);
@@ -112,6 +94,7 @@ ResolverIpInfo1::~ResolverIpInfo1() {
 }
 
 void ResolverIpInfo1::SetHostName(const std::string& name) {
+    SetLookupAction(0);
     hostAddress_ = "Default";
     request_ = ++lastRequest_;
     if (IsImpossibleHostName(name)) {

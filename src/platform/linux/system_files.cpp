@@ -15,7 +15,7 @@ namespace {
 
 constexpr mode_t kOwnerOnly = 0600;      // some of the files hold passwords
 constexpr const char* kTemporary = "~";  // at the end of a name; what a crash leaves of it is written over the next time
-constexpr std::size_t kReadStep = 1024 * 1024;
+constexpr std::size_t kReadStep = 4096;
 
 FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }
 
@@ -32,6 +32,11 @@ class Descriptor {
     Descriptor& operator=(const Descriptor&) = delete;
     int Number() const { return number_; }
     bool Open() const { return number_ >= 0; }
+    int Close() {  // gives 0 or the error: some file systems tell only here that there was no room
+        const int result = close(number_);
+        number_ = -1;
+        return result == 0 || errno == EINTR ? 0 : errno;
+    }
 
    private:
     int number_;
@@ -46,6 +51,17 @@ int WriteAll(int descriptor, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return 0;
+}
+
+// Makes a new file in a folder and opens it for writing; its name fits no mask of the program's own files. Gives -1 on failure.
+int CreateTemporary(const std::string& folder, std::string& path) {
+    constexpr int kMostTries = 100;
+    for (int number = 0; number < kMostTries; ++number) {
+        path = folder + ".quorvantis-" + std::to_string(getpid()) + "-" + std::to_string(number);
+        const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
+        if (file >= 0 || errno != EEXIST) return file;
+    }
+    return -1;
 }
 
 bool Status(const std::string& path, struct stat& status) {
@@ -92,10 +108,11 @@ FileResult SystemFiles::Read(const std::string& path, std::string& bytes, std::i
     struct stat status {};
     if (fstat(file.Number(), &status) == 0 && S_ISDIR(status.st_mode)) return Failure(EISDIR);
     const auto most = static_cast<std::size_t>(limit);
+    if (status.st_size > 0)
+        bytes.reserve(std::min(most, static_cast<std::size_t>(status.st_size) + 1));  // one more to meet the end
     while (bytes.size() < most) {
         const std::size_t have = bytes.size();
-        const std::size_t expected = have == 0 && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kReadStep;
-        bytes.resize(std::min(most, have + expected));
+        bytes.resize(std::min(most, bytes.capacity() > have ? bytes.capacity() : have + std::max(have, kReadStep)));
         const ssize_t got = read(file.Number(), bytes.data() + have, bytes.size() - have);
         const int error = errno;
         bytes.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
@@ -112,12 +129,14 @@ FileResult SystemFiles::Read(const std::string& path, std::string& bytes, std::i
 FileResult SystemFiles::Write(const std::string& path, std::string_view bytes) {
     if (HasNul(path)) return Failure(ENOENT);
     const std::string target = NativePath(path);
-    const std::string temporary = target + kTemporary;
+    std::string temporary;
     int error = 0;
     {
-        const Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kOwnerOnly));
+        Descriptor file(CreateTemporary(target.substr(0, target.rfind('/') + 1), temporary));
         if (!file.Open()) return Failure(errno);
         error = WriteAll(file.Number(), bytes);
+        const int closing = file.Close();
+        if (error == 0) error = closing;
     }
     if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
     if (error == 0) return {};
