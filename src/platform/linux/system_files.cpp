@@ -13,8 +13,7 @@
 namespace qv {
 namespace {
 
-constexpr mode_t kOwnerOnly = 0600;      // some of the files hold passwords
-constexpr const char* kTemporary = "~";  // at the end of a name; what a crash leaves of it is written over the next time
+constexpr mode_t kOwnerOnly = 0600;  // some of the files hold passwords
 constexpr std::size_t kReadStep = 4096;
 
 FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }

@@ -30,8 +30,9 @@ std::string FindInPath(const std::string& name) {
     std::string_view rest = path != nullptr ? path : "";
     while (!rest.empty()) {
         const auto colon = rest.find(':');
-        const std::string folder(rest.substr(0, colon));
-        if (!folder.empty() && IsProgram(folder + "/" + name)) return folder + "/" + name;
+        std::string candidate(rest.substr(0, colon));
+        candidate.append("/").append(name);
+        if (colon != 0 && IsProgram(candidate)) return candidate;
         rest.remove_prefix(colon == std::string_view::npos ? rest.size() : colon + 1);
     }
     return "";
