@@ -7,6 +7,7 @@
 #include "automation/driver.h"
 #include "controls/form.h"
 #include "platform/linux/line_channel.h"
+#include "platform/linux/poll_loop.h"
 #include "program/linux_services.h"
 #include "program/program.h"
 
@@ -63,7 +64,8 @@ int RunAlone(qv::Program& program) {
 int main(int argc, char** argv) {
     std::string commandLine;
     for (int i = 1; i < argc; ++i) commandLine += (i > 1 ? " " : "") + std::string(argv[i]);
-    qv::LinuxServices world;
+    qv::PollLoop loop;
+    qv::LinuxServices world(loop);
     qv::Program program(world.Services(commandLine));
     const char* automated = std::getenv("QUORVANTIS_AUTOMATION");
     return automated != nullptr && std::string(automated) == "1" ? RunAutomated(world, program) : RunAlone(program);

@@ -13,6 +13,8 @@ namespace qv {
 
 nlohmann::json ControlDriver::State(Control& control) { return StateOf(control); }
 
+nlohmann::json ControlDriver::Entries(Menu& menu) { return EntriesOf(menu); }
+
 void ControlDriver::Click(Control& control) { user::Click(control); }
 
 void ControlDriver::EnterText(Control& box, const std::string& text) {
@@ -59,5 +61,6 @@ void ControlDriver::Focus(Control& control) { control.SetFocus(); }
 void ControlDriver::OpenMenu(Control& menu) { user::OpenMenu(menu); }
 void ControlDriver::CloseForm(Form& form) { form.Close(); }
 void ControlDriver::ActivateForm(Form& form) { form.Windows().Activate(form); }
+void ControlDriver::Answer(WindowSystem& windows, const std::optional<std::string>& value) { windows.Answer(value); }
 
 }  // namespace qv

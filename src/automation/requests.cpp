@@ -96,7 +96,10 @@ json Requests::ServeTarget(const std::string& verb, const json& request) {
         driver_.OpenMenu(above);
     }
     const std::string obstacle = Obstacle(target, verb);
-    if (!obstacle.empty()) return Refusal(obstacle);
+    if (!obstacle.empty()) {
+        driver_.CloseMenus();
+        return Refusal(obstacle);
+    }
     return Act(verb, target, request);
 }
 
@@ -188,19 +191,21 @@ json Requests::PressKey(Control& control, const json& request) {
 json Requests::ShowMenu(Control& control) {
     if (control.Kind() != ControlKind::Menu) return Refusal("not a menu");
     driver_.OpenMenu(control);
-    return {{"ok", true}, {"entries", EntriesOf(static_cast<Menu&>(control))}};
+    json entries = driver_.Entries(static_cast<Menu&>(control));
+    driver_.CloseMenus();
+    return {{"ok", true}, {"entries", std::move(entries)}};
 }
 
 json Requests::Answer(const json& request) {
     const auto value = request.find("value");
     if (value == request.end() || !(value->is_string() || value->is_null())) return Refusal("no \"value\"");
     const auto answer = value->is_null() ? std::nullopt : std::optional<std::string>(value->get<std::string>());
-    switch (windows_.Answer(answer)) {
-        case WindowSystem::AnswerResult::Done: return Done();
+    switch (windows_.CanAnswer(answer)) {
         case WindowSystem::AnswerResult::NothingToAnswer: return Refusal("nothing to answer");
         case WindowSystem::AnswerResult::NoSuchButton: return Refusal("no such button");
+        case WindowSystem::AnswerResult::Done: driver_.Answer(windows_, answer);
     }
-    return Refusal("nothing to answer");
+    return Done();
 }
 
 json Requests::Forms() const {

@@ -30,16 +30,6 @@ void ClickButton(Control& control) {
     }
 }
 
-// Enter and Escape press a button of the form wherever the focus is; a focused button takes Enter itself.
-bool PressFormButton(Control& control, Key key) {
-    Form& form = control.ParentForm();
-    CommandButton* button = key == Key::Escape ? form.CancelButton() : form.DefaultButton();
-    if (key == Key::Enter && control.Kind() == ControlKind::CommandButton) button = &As<CommandButton>(control);
-    if (button == nullptr || !button->Usable()) return false;
-    button->Click();
-    return true;
-}
-
 void PressSpace(Control& control) {
     switch (control.Kind()) {
         case ControlKind::CommandButton: As<CommandButton>(control).Click(); break;
@@ -76,11 +66,21 @@ void Click(Control& control) {
     }
 }
 
+bool PressFormButton(Form& form, Key key) {
+    CommandButton* button = key == Key::Escape ? form.CancelButton() : form.DefaultButton();
+    Control* focused = form.Focus();
+    if (key == Key::Enter && focused != nullptr && focused->Kind() == ControlKind::CommandButton)
+        button = &As<CommandButton>(*focused);
+    if (button == nullptr || !button->Usable()) return false;
+    button->Click();
+    return true;
+}
+
 void Press(Control& control, Key key) {
     control.SetFocus();
     control.KeyPress(key);
     if (key == Key::Space) PressSpace(control);
-    if ((key == Key::Enter || key == Key::Escape) && PressFormButton(control, key)) return;
+    if ((key == Key::Enter || key == Key::Escape) && PressFormButton(control.ParentForm(), key)) return;
     control.KeyUp(key);
 }
 

@@ -101,15 +101,20 @@ void WindowSystem::WaitFor(Prompt& prompt) {
     for (auto* listener : listeners_) listener->PromptClosed();
 }
 
-WindowSystem::AnswerResult WindowSystem::Answer(const std::optional<std::string>& value) {
+WindowSystem::AnswerResult WindowSystem::CanAnswer(const std::optional<std::string>& value) const {
     if (prompts_.empty() || prompts_.back()->answered) return AnswerResult::NothingToAnswer;
-    Prompt& top = *prompts_.back();
-    if (top.message != nullptr) {
-        const auto& buttons = top.message->buttons;
-        if (!value || std::find(buttons.begin(), buttons.end(), *value) == buttons.end()) return AnswerResult::NoSuchButton;
-    }
-    top.answer = value;
-    top.answered = true;
+    const MessageRequest* message = prompts_.back()->message;
+    if (message == nullptr) return AnswerResult::Done;
+    const auto& buttons = message->buttons;
+    const bool known = value && std::find(buttons.begin(), buttons.end(), *value) != buttons.end();
+    return known ? AnswerResult::Done : AnswerResult::NoSuchButton;
+}
+
+WindowSystem::AnswerResult WindowSystem::Answer(const std::optional<std::string>& value) {
+    const AnswerResult result = CanAnswer(value);
+    if (result != AnswerResult::Done) return result;
+    prompts_.back()->answer = value;
+    prompts_.back()->answered = true;
     return AnswerResult::Done;
 }
 

@@ -70,30 +70,30 @@ void WindowRules::ShowPosition() {
                                 std::to_string(window_.txtFileName.Count()));
 }
 
+std::vector<std::pair<Control*, const char*>> ToolTips(CheckForm& w) {
+    return {{&w.ToolInterMode, "Change to Internet Mode"},
+            {&w.ToolLocalMode, "Change to Local Mode"},
+            {&w.ToolZephonMode, "Zephon Bookmarks Mode"},
+            {&w.ToolEnter, "Enterprise Link Check"},
+            {&w.ToolOpenDoc, "New (Clear Cache)"},
+            {&w.ToolSave, "Save Document Reports"},
+            {&w.ToolCopyReports, "Copy Reports To Clipboard"},
+            {&w.ToolDocBrowser, "Open Selected Document In Browser"},
+            {&w.ToolDocEditor, "Open Selected Document In Editor"},
+            {&w.ToolDocSource, "View Document Source"},
+            {&w.ToolDocReopen, "Re-Open Current Document"},
+            {&w.ToolDocDelete, "Remove Selected Document"},
+            {&w.ToolCopyURL, "Copy Current URL"},
+            {&w.ToolLinkQuest, "Show Questionable Links Only"},
+            {&w.ToolLinkView, "View Selected Link"},
+            {&w.ToolLinkCheck, "Check Selected Link"},
+            {&w.ToolLinkBrowser, "Open Selected Link In Browser"},
+            {&w.SpinLeft, "Next or Previous Document"},
+            {&w.SpinRight, "Next or Previous Document"}};
+}
+
 void WindowRules::ShowToolTips() {
-    CheckForm& w = window_;
-    const std::initializer_list<std::pair<Control*, const char*>> tips = {
-        {&w.ToolInterMode, "Change to Internet Mode"},
-        {&w.ToolLocalMode, "Change to Local Mode"},
-        {&w.ToolZephonMode, "Zephon Bookmarks Mode"},
-        {&w.ToolEnter, "Enterprise Link Check"},
-        {&w.ToolOpenDoc, "New (Clear Cache)"},
-        {&w.ToolSave, "Save Document Reports"},
-        {&w.ToolCopyReports, "Copy Reports To Clipboard"},
-        {&w.ToolDocBrowser, "Open Selected Document In Browser"},
-        {&w.ToolDocEditor, "Open Selected Document In Editor"},
-        {&w.ToolDocSource, "View Document Source"},
-        {&w.ToolDocReopen, "Re-Open Current Document"},
-        {&w.ToolDocDelete, "Remove Selected Document"},
-        {&w.ToolCopyURL, "Copy Current URL"},
-        {&w.ToolLinkQuest, "Show Questionable Links Only"},
-        {&w.ToolLinkView, "View Selected Link"},
-        {&w.ToolLinkCheck, "Check Selected Link"},
-        {&w.ToolLinkBrowser, "Open Selected Link In Browser"},
-        {&w.SpinLeft, "Next or Previous Document"},
-        {&w.SpinRight, "Next or Previous Document"},
-    };
-    for (const auto& [control, tip] : tips) {
+    for (const auto& [control, tip] : ToolTips(window_)) {
         Control* button = control;
         const char* text = tip;
         button->MouseMove = [this, button, text] { button->SetTip(settings_.ShowToolHints != 0 ? text : ""); };

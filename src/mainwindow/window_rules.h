@@ -1,12 +1,18 @@
 // What of the main window can be used, seen and checked in which state.
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include "mainwindow/check_form.h"
 #include "platform/programs.h"
 #include "session/document_store.h"
 #include "session/session.h"
 
 namespace qv {
+
+// What each tool button and spin button is for: the tip that it shows while tips are wanted.
+std::vector<std::pair<Control*, const char*>> ToolTips(CheckForm& window);
 
 class WindowRules {
    public:

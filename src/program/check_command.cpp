@@ -8,6 +8,7 @@
 #include "controls/window_system.h"
 #include "mainwindow/check_form.h"
 #include "platform/linux/interrupts.h"
+#include "platform/linux/poll_loop.h"
 #include "platform/linux/scratch_folder.h"
 #include "program/linux_services.h"
 #include "program/program.h"
@@ -114,7 +115,8 @@ int RunCheckCommand(const CheckOptions& options) {
     }
     const ScratchFolder scratch;
     const bool keep = !options.home.empty();
-    LinuxServices world(PathText(keep ? options.home : scratch.NativePath()));
+    PollLoop loop;
+    LinuxServices world(loop, PathText(keep ? options.home : scratch.NativePath()));
     Program program(world.Services(""));
     TerminalWindows terminal(program.Windows());
     program.StartQuietly();

@@ -4,7 +4,7 @@
 
 namespace qv {
 
-LinuxServices::LinuxServices(const std::string& appPath) {
+LinuxServices::LinuxServices(EventLoop& loop, const std::string& appPath) : loop_(loop) {
     if (!appPath.empty()) places_.appPath = EndsWith(appPath, "\\") ? appPath : appPath + "\\";
     PrepareAppFolder(files_, places_.appPath, FindShippedFolder(files_));
 }

@@ -1,11 +1,11 @@
-// The world as it is on Linux, for a program without windows: everything that ProgramServices names.
+// The world as it is on Linux, in the event loop of whoever runs the program: everything that ProgramServices names.
 #pragma once
 
 #include <string>
 
+#include "platform/event_loop.h"
 #include "platform/linux/curl_http1.h"
 #include "platform/linux/ini_settings_store.h"
-#include "platform/linux/poll_loop.h"
 #include "platform/linux/resolver_ip_info1.h"
 #include "platform/linux/system_clock.h"
 #include "platform/linux/system_files.h"
@@ -17,14 +17,14 @@ namespace qv {
 
 class LinuxServices {
    public:
-    // `appPath` in the backslash form; empty: as the environment tells.
-    explicit LinuxServices(const std::string& appPath = "");
+    // `appPath` in the backslash form; empty: as the environment tells. The loop outlives the services.
+    explicit LinuxServices(EventLoop& loop, const std::string& appPath = "");
 
     ProgramServices Services(std::string commandLine);
     EventLoop& Loop() { return loop_; }
 
    private:
-    PollLoop loop_;
+    EventLoop& loop_;
     SystemClock clock_;
     SystemFiles files_;
     RunFlags flags_;

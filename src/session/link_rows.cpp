@@ -23,6 +23,16 @@ bool IsHiddenStatus(std::string_view status, bool persistentRedirectsOk) {
     return persistentRedirectsOk && (status == "301" || status == "302");
 }
 
+StatusTone ToneOfStatus(std::string_view status) {
+    if (status.empty()) return StatusTone::None;
+    if (status == "OK" || status == "OK *") return StatusTone::Good;
+    if (status == "301" || status == "302") return StatusTone::Redirected;
+    if (status.substr(0, 2) == "NA") return StatusTone::Ignored;
+    if (status == "-->") return StatusTone::Working;
+    if (status == "STOP" || status == "SKIPD") return StatusTone::Interrupted;
+    return StatusTone::Questionable;
+}
+
 std::string LinkRows::RowText(std::int32_t link, std::int32_t number) const {
     const LinkTable& links = session_.Links;
     const auto i = static_cast<std::size_t>(link);

@@ -17,6 +17,10 @@ std::string LinkRowText(std::int32_t number, std::string_view text, std::string_
 // Whether a row of this status is left out while good links are hidden (a blank one is, "-->" isn't).
 bool IsHiddenStatus(std::string_view trimmedStatus, bool persistentRedirectsOk);
 
+// What a status tells, for whoever shows it by more than its letters.
+enum class StatusTone { None, Good, Redirected, Ignored, Questionable, Working, Interrupted };
+StatusTone ToneOfStatus(std::string_view trimmedStatus);
+
 class LinkRows {
    public:
     LinkRows(ListBox& list, Picture& fontNamePicture, Session& session, const Settings& settings, const RunFlags& flags)

@@ -1,0 +1,234 @@
+#include "desktop/form_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "controls/user_actions.h"
+#include "controls/window_system.h"
+#include "desktop/list_binder.h"
+#include "desktop/qt_text.h"
+
+namespace qv {
+
+FormWindow::FormWindow(Form& form, QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags), form_(&form) {
+    setObjectName(QString::fromStdString(form.Name()));
+    if (form.Modal()) setWindowModality(Qt::ApplicationModal);
+}
+
+FormWindow::~FormWindow() { Release(); }
+
+void FormWindow::Open() {
+    form_->Observe(this);
+    for (Control* control : form_->Controls()) control->Observe(this);
+    for (auto& [control, binder] : binders_) {
+        binder->ShowAll();
+        binder->WatchTarget();
+    }
+    SetTabOrder();
+    ShowDefaultButton();
+    FitPlace();
+    for (const Aspect aspect : {Aspect::Caption, Aspect::Pointer, Aspect::Geometry}) ShowForm(aspect);
+    ShowFocus();
+    open_ = true;
+    ShowForm(Aspect::Visible);
+    ShowFocus();
+    TakePlace();
+    BringUp();
+}
+
+void FormWindow::Release() {
+    if (form_ == nullptr) return;
+    form_->Observe(nullptr);
+    for (Control* control : form_->Controls()) control->Observe(nullptr);
+    form_ = nullptr;
+    for (auto& [control, binder] : binders_) binder->Release();
+    if (menus_) menus_->Release();
+    if (tabs_ != nullptr) tabs_->Wished = nullptr;
+}
+
+void FormWindow::BringUp() {
+    if (isHidden() || isMinimized()) return;
+    raise();
+    activateWindow();
+}
+
+Binder* FormWindow::BinderOf(const Control& control) const {
+    const auto found = binders_.find(&control);
+    return found == binders_.end() ? nullptr : found->second.get();
+}
+
+void FormWindow::ControlChanged(Control& control, Aspect aspect) {
+    if (form_ == nullptr) return;
+    const bool outer = std::exchange(showing_, true);
+    if (&control == form_) {
+        ShowForm(aspect);
+    } else if (control.Kind() == ControlKind::Menu) {
+        if (menus_) menus_->Show(static_cast<Menu&>(control), aspect);
+    } else if (Binder* binder = BinderOf(control)) {
+        binder->Show(aspect);
+    }
+    showing_ = outer;
+}
+
+void FormWindow::RowsAdded(ListBox& list, int, int) {
+    if (Binder* binder = BinderOf(list)) static_cast<ListBinder*>(binder)->RowsChanged();
+}
+
+void FormWindow::RowRemoved(ListBox& list, int) {
+    if (Binder* binder = BinderOf(list)) static_cast<ListBinder*>(binder)->RowsChanged();
+}
+
+void FormWindow::RowChanged(ListBox& list, int row) {
+    if (Binder* binder = BinderOf(list)) static_cast<ListBinder*>(binder)->RowChanged(row);
+}
+
+void FormWindow::ShowForm(Aspect aspect) {
+    const bool outer = std::exchange(showing_, true);
+    switch (aspect) {
+        case Aspect::Caption: setWindowTitle(ToQt(form_->Caption())); break;
+        case Aspect::Pointer:
+            if (form_->Pointer() == Pointer::Wait)
+                setCursor(Qt::WaitCursor);
+            else
+                unsetCursor();
+            break;
+        case Aspect::Geometry: ShowPlace(); break;
+        case Aspect::Focus: ShowFocus(); break;
+        case Aspect::Enabled: setEnabled(form_->Enabled()); break;
+        case Aspect::Visible: setVisible(form_->Visible()); break;
+        default: break;
+    }
+    showing_ = outer;
+}
+
+// The window is as large as its contents need, around the middle of where the form would be, and on the screen.
+void FormWindow::FitPlace() {
+    ensurePolished();
+    Geometry place = form_->Place();
+    const QSize least = layout() != nullptr ? layout()->totalMinimumSize() : QSize(0, 0);
+    const QSize size = QSize(place.width, place.height).expandedTo(least);
+    place.left -= (size.width() - place.width) / 2;
+    place.top -= (size.height() - place.height) / 2;
+    place.width = size.width();
+    place.height = size.height();
+    const QRect wanted(place.left, place.top, place.width, place.height);
+    bool seen = false;
+    for (const QScreen* screen : QGuiApplication::screens()) seen = seen || screen->availableGeometry().intersects(wanted);
+    if (!seen && QGuiApplication::primaryScreen() != nullptr) {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        place.left = screen.left() + (screen.width() - place.width) / 2;
+        place.top = screen.top() + (screen.height() - place.height) / 2;
+    }
+    form_->SetPlace(place);
+}
+
+void FormWindow::ShowPlace() {
+    const Geometry& place = form_->Place();
+    if (form_->State() == WindowState::Normal && (pos() != QPoint(place.left, place.top))) move(place.left, place.top);
+    if (form_->State() == WindowState::Normal && size() != QSize(place.width, place.height)) resize(place.width, place.height);
+    Qt::WindowStates states = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    if (form_->State() == WindowState::Minimised) states |= Qt::WindowMinimized;
+    if (form_->State() == WindowState::Maximised) states |= Qt::WindowMaximized;
+    if (states != windowState()) setWindowState(states);
+}
+
+void FormWindow::ShowFocus() {
+    const bool outer = std::exchange(showing_, true);
+    const Binder* binder = form_->Focus() == nullptr ? nullptr : BinderOf(*form_->Focus());
+    if (binder != nullptr)
+        binder->Target()->setFocus(Qt::OtherFocusReason);
+    else if (QWidget* holder = focusWidget())
+        holder->clearFocus();
+    showing_ = outer;
+}
+
+void FormWindow::ShowDefaultButton() {
+    for (auto& [control, binder] : binders_)
+        if (auto* button = qobject_cast<QPushButton*>(binder->Widget()))
+            button->setDefault(form_->DefaultButton() == control);
+}
+
+void FormWindow::TakePlace() {
+    if (form_ == nullptr || showing_ || !open_ || !isVisible() || isMinimized()) return;
+    const Geometry& known = form_->Place();
+    if (QRect(known.left, known.top, known.width, known.height) == QRect(pos(), size())) return;
+    form_->SetPlace({pos().x(), pos().y(), width(), height()});
+}
+
+void FormWindow::moveEvent(QMoveEvent*) { TakePlace(); }
+void FormWindow::resizeEvent(QResizeEvent*) { TakePlace(); }
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || form_ == nullptr || showing_ || !open_) return;
+    form_->SetState(isMinimized()   ? WindowState::Minimised
+                    : isMaximized() ? WindowState::Maximised
+                                    : WindowState::Normal);
+}
+
+// The close box: the form may refuse.
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (form_ != nullptr) form_->Close();
+}
+
+bool FormWindow::event(QEvent* event) {
+    // The user has come back to a window that stood behind another one.
+    if (event->type() == QEvent::WindowActivate && form_ != nullptr && open_ && !showing_ && isVisible()) {
+        const auto forms = form_->Windows().Forms();
+        if (form_->Windows().BlockedBy(*form_).empty() && !forms.empty() && forms.front() != form_)
+            form_->Windows().Activate(*form_);
+    }
+    return QWidget::event(event);
+}
+
+// Keys that no control has taken.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (form_ == nullptr) return;
+    const Key key = KeyOf(*event);
+    if (event->modifiers() == Qt::ControlModifier && tabs_ != nullptr &&
+        (event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp))
+        return NextTab(event->key() == Qt::Key_PageDown ? 1 : -1);
+    if ((key == Key::Enter || key == Key::Escape) && user::PressFormButton(*form_, key)) return;
+    QWidget::keyPressEvent(event);
+}
+
+void FormWindow::NextTab(int step) {
+    if (tabs_->isEnabled()) tabs_->Wish((tabs_->currentIndex() + step + tabs_->count()) % tabs_->count());
+}
+
+void FormWindow::SetTabOrder() {
+    QWidget* before = nullptr;
+    for (const Control* control : form_->Controls()) {
+        Binder* binder = control->CanFocus() ? BinderOf(*control) : nullptr;
+        if (binder == nullptr) continue;
+        if (before != nullptr) QWidget::setTabOrder(before, binder->Target());
+        before = binder->Target();
+    }
+}
+
+void FormWindow::AddState(nlohmann::json& state) const {
+    state["caption"] = FromQt(windowTitle());
+    state["visible"] = !isHidden();
+    state["enabled"] = isEnabled();
+    state["usable"] = isEnabled() && isVisible();
+    state["modal"] = isModal();
+    state["state"] = isMinimized() ? "minimised" : isMaximized() ? "maximised" : "normal";
+    state["pointer"] = cursor().shape() == Qt::WaitCursor ? "wait" : "default";
+    state["left"] = pos().x();
+    state["top"] = pos().y();
+    state["width"] = width();
+    state["height"] = height();
+    const QWidget* holder = focusWidget();
+    state["focus"] = nullptr;
+    for (const auto& [control, binder] : binders_)
+        if (holder != nullptr && binder->Target() == holder) state["focus"] = control->AddressName();
+}
+
+}  // namespace qv

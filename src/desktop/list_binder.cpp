@@ -1,0 +1,34 @@
+#include "desktop/list_binder.h"
+
+#include <QEvent>
+
+namespace qv {
+
+ListBinder::ListBinder(ListBox& list, ListView* widget) : Binder(list, widget), view_(widget) {
+    view_->SetList(&list);
+    view_->viewport()->setMouseTracking(true);
+    view_->viewport()->installEventFilter(this);
+}
+
+void ListBinder::Release() {
+    Binder::Release();
+    view_->SetList(nullptr);
+}
+
+void ListBinder::ShowAspect(Aspect aspect) {
+    if (aspect == Aspect::Items || aspect == Aspect::Extent) view_->RowsChanged();
+    if (aspect == Aspect::Index) view_->CurrentChanged();
+}
+
+// The view has no rows of its own to tell of.
+void ListBinder::AddWidgetState(nlohmann::json&) const {}
+
+// The mouse moves over the part of the view that holds the rows; all else comes to the view itself.
+bool ListBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != view_->viewport()) return Binder::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseMove)
+        if (auto* list = Live<ListBox>()) list->MouseMove();
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace qv
