@@ -54,7 +54,6 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName("quorvantis");
-    QApplication::setApplicationDisplayName("Zephon Quorvantis");
     QApplication::setDesktopFileName("quorvantis");
     QApplication::setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, "C");  // files and headers know one form of a number

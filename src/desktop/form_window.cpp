@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -17,6 +17,7 @@
 namespace qv {
 
 FormWindow::FormWindow(Form& form, QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags), form_(&form) {
+    if (flags == Qt::Dialog) setWindowFlags(flags | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setObjectName(QString::fromStdString(form.Name()));
     if (form.Modal()) setWindowModality(Qt::ApplicationModal);
 }
@@ -26,10 +27,6 @@ FormWindow::~FormWindow() { Release(); }
 void FormWindow::Open() {
     form_->Observe(this);
     for (Control* control : form_->Controls()) control->Observe(this);
-    for (auto& [control, binder] : binders_) {
-        binder->ShowAll();
-        binder->WatchTarget();
-    }
     SetTabOrder();
     ShowDefaultButton();
     FitPlace();
@@ -110,22 +107,23 @@ void FormWindow::ShowForm(Aspect aspect) {
 // The window is as large as its contents need, around the middle of where the form would be, and on the screen.
 void FormWindow::FitPlace() {
     ensurePolished();
-    Geometry place = form_->Place();
+    const Geometry& wish = form_->Place();
+    QRect place(wish.left, wish.top, wish.width, wish.height);
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    const QRect room = screen == nullptr ? place : screen->availableGeometry();
     const QSize least = layout() != nullptr ? layout()->totalMinimumSize() : QSize(0, 0);
-    const QSize size = QSize(place.width, place.height).expandedTo(least);
-    place.left -= (size.width() - place.width) / 2;
-    place.top -= (size.height() - place.height) / 2;
-    place.width = size.width();
-    place.height = size.height();
-    const QRect wanted(place.left, place.top, place.width, place.height);
-    bool seen = false;
-    for (const QScreen* screen : QGuiApplication::screens()) seen = seen || screen->availableGeometry().intersects(wanted);
-    if (!seen && QGuiApplication::primaryScreen() != nullptr) {
-        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-        place.left = screen.left() + (screen.width() - place.width) / 2;
-        place.top = screen.top() + (screen.height() - place.height) / 2;
+    const QSize largest = room.size() - QSize(8, 40);  // the window manager puts a frame around it
+    const QPoint middle = place.center();
+    const bool fits = place.size() == place.size().expandedTo(least).boundedTo(largest);
+    place.setSize(place.size().expandedTo(least).boundedTo(largest));
+    if (!fits) place.moveCenter(middle);
+    if (!room.intersects(place)) place.moveCenter(room.center());
+    if (!fits) {
+        place.moveLeft(std::max(room.left(), place.left()));
+        place.moveTop(std::max(room.top(), place.top()));
     }
-    form_->SetPlace(place);
+    form_->SetPlace({place.left(), place.top(), place.width(), place.height()});
 }
 
 void FormWindow::ShowPlace() {

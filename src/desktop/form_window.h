@@ -38,19 +38,20 @@ class FormWindow : public QWidget, public ControlObserver {
     FormWindow(Form& form, QWidget* parent, Qt::WindowFlags flags);
     ~FormWindow() override;
 
-    // Called once the view has laid everything out: shows all states, sets the tab order and the size, and opens the window.
+    // Called once the view has laid everything out: sets the tab order and the size, and opens the window.
     void Open();
     // The form is gone, or about to go: the window does nothing any more.
     void Release();
     const Form* Bound() const { return form_; }
     void BringUp();  // in front of the windows beside it, and active
 
-    // Makes the widget of a control, without a place: the view gives it one.
+    // Makes the widget of a control, as the control is at this moment, without a place: the view gives it one.
     TextLabel* Make(Label& label, TextLabel::Style style = TextLabel::Style::Line);
     QPushButton* Make(CommandButton& button);
     QToolButton* Make(ToolButton& button);
     QGroupBox* MakeBox(Frame& frame);
     QWidget* MakePage(Frame& frame);  // a frame that isn't seen
+    TitledPage* MakeTitledPage(Frame& frame);
     PictureView* Make(Picture& picture);
     QCheckBox* Make(CheckBox& box);
     QRadioButton* Make(OptionButton& option);

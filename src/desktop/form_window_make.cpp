@@ -21,6 +21,8 @@ template <class BinderType, class ControlType, class WidgetType>
 WidgetType* FormWindow::Bind(ControlType& control, WidgetType* widget) {
     auto binder = std::make_unique<BinderType>(control, widget);
     binder->HeedQuiet(showing_);
+    binder->ShowAll();
+    binder->WatchTarget();
     binders_[&control] = std::move(binder);
     return widget;
 }
@@ -50,6 +52,7 @@ QToolButton* FormWindow::Make(ToolButton& button) {
 
 QGroupBox* FormWindow::MakeBox(Frame& frame) { return Bind<FrameBinder>(frame, new QGroupBox(ParentFor(frame))); }
 QWidget* FormWindow::MakePage(Frame& frame) { return Bind<FrameBinder>(frame, new QWidget(ParentFor(frame))); }
+TitledPage* FormWindow::MakeTitledPage(Frame& frame) { return Bind<FrameBinder>(frame, new TitledPage(ParentFor(frame))); }
 
 PictureView* FormWindow::Make(Picture& picture) { return Bind<PictureBinder>(picture, new PictureView(ParentFor(picture))); }
 QCheckBox* FormWindow::Make(CheckBox& box) { return Bind<TickBinder>(box, new QCheckBox(ParentFor(box))); }

@@ -1,5 +1,6 @@
 #include "desktop/list_view.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 #include <QScrollBar>
 #include <QStyleOptionButton>
 #include <algorithm>
+#include <cmath>
 
 #include "controls/form.h"
 #include "desktop/qt_text.h"
@@ -27,18 +29,24 @@ QColor Blend(const QColor& under, const QColor& over, double part) {
 
 ListView::ListView(QWidget* parent) : QAbstractScrollArea(parent) {
     setFocusPolicy(Qt::StrongFocus);
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     viewport()->setBackgroundRole(QPalette::Base);
     Measure();
 }
 
 void ListView::Measure() {
-    const QFontMetrics metrics(font());
-    rowHeight_ = metrics.height() + 4;
-    characterWidth_ = std::max(1, metrics.horizontalAdvance('0'));
+    const QFontMetricsF metrics(font());
+    rowHeight_ = static_cast<int>(std::ceil(metrics.height())) + 4;
+    characterWidth_ = std::max(1.0, metrics.horizontalAdvance('i'));
     verticalScrollBar()->setSingleStep(rowHeight_);
-    horizontalScrollBar()->setSingleStep(characterWidth_ * 4);
+    horizontalScrollBar()->setSingleStep(WidthOf(4));
 }
+
+void ListView::SetFixedPitch() {
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Measure();
+}
+
+int ListView::WidthOf(int characters) const { return static_cast<int>(std::ceil(characterWidth_ * characters)); }
 
 void ListView::SetList(ListBox* list) {
     list_ = list;
@@ -110,19 +118,19 @@ void ListView::CurrentChanged() {
 
 QSize ListView::sizeHint() const {
     const int frame = 2 * frameWidth();
-    return {characterWidth_ * 60 + frame, rowHeight_ * hintRows_ + frame};
+    return {WidthOf(60) + frame, rowHeight_ * hintRows_ + frame};
 }
 
 QSize ListView::minimumSizeHint() const {
     const int frame = 2 * frameWidth();
-    return {characterWidth_ * 20 + frame, rowHeight_ * std::min(hintRows_, 2) + frame};
+    return {WidthOf(20) + frame, rowHeight_ * std::min(hintRows_, 2) + frame};
 }
 
 void ListView::paintEvent(QPaintEvent* event) {
     if (list_ == nullptr) return;
     QPainter painter(viewport());
     if (list_->Count() == 0) {
-        painter.setFont(QWidget::parentWidget() != nullptr ? parentWidget()->font() : font());
+        painter.setFont(QApplication::font());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(16, 4, -16, -4), Qt::AlignCenter | Qt::TextWordWrap, placeholder_);
         return;
@@ -135,10 +143,10 @@ void ListView::paintEvent(QPaintEvent* event) {
 void ListView::PaintRow(QPainter& painter, int row, const QRect& place) const {
     const bool current = row == list_->ListIndex();
     const bool picked = list_->Selected(row);
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    const QColor base = palette().color(group, QPalette::Base);
+    // While a run holds the list disabled its rows are what is looked at: they stay as legible as ever.
+    const QColor base = viewport()->palette().color(viewport()->backgroundRole());
     const QColor highlight = palette().color(QPalette::Active, QPalette::Highlight);
-    QColor text = palette().color(group, QPalette::Text);
+    QColor text = palette().color(QPalette::Active, QPalette::Text);
     if (!list_->MultiSelect()) {
         if (picked) {
             painter.fillRect(place, hasFocus() ? highlight : Blend(base, highlight, 0.35));
@@ -163,20 +171,20 @@ void ListView::PaintRow(QPainter& painter, int row, const QRect& place) const {
 // Of a long text only what can be seen is laid out.
 void ListView::PaintText(QPainter& painter, int row, const QRect& place, const QColor& colour) const {
     const std::string& bytes = list_->Text(row);
-    const auto seen = static_cast<qsizetype>((ScrolledBy() + place.width()) / characterWidth_ + 8);
+    const auto seen = static_cast<qsizetype>((ScrolledBy() + place.width()) / characterWidth_) + 8;
     QString text = ToQt(std::string_view(bytes).substr(0, static_cast<std::size_t>(seen) * 4 + 64)).left(seen);
     for (QChar& c : text)
         if (c < ' ') c = ' ';
     QRect at = place.adjusted(TextLeft() - ScrolledBy(), 0, ScrolledBy() + 1, 0);
     constexpr int kFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
-    const auto lead = lead_ && isEnabled() ? lead_(bytes) : std::nullopt;
+    const auto lead = lead_ ? lead_(bytes) : std::nullopt;
     if (lead) {
         QFont bold = font();
         bold.setBold(true);
         painter.setFont(bold);
         painter.setPen(lead->colour);
         painter.drawText(at, kFlags, text.left(lead->characters));
-        at.adjust(lead->characters * characterWidth_, 0, 0, 0);
+        at.adjust(WidthOf(lead->characters), 0, 0, 0);
         text = text.mid(lead->characters);
     }
     painter.setFont(font());

@@ -29,8 +29,8 @@ class ListView : public QAbstractScrollArea {
     void RowChanged(int row);
     void CurrentChanged();
 
-    int RowHeight() const { return rowHeight_; }
-    int CharacterWidth() const { return characterWidth_; }
+    void SetFixedPitch();
+    int WidthOf(int characters) const;  // in a fixed-pitch font, pixels
     int TextLeft() const;             // where a row's text begins when it isn't scrolled, from the left of the view
     int ScrolledBy() const;           // pixels to the right
     QRect RowRect(int row) const;     // on the viewport; empty for no row
@@ -66,7 +66,7 @@ class ListView : public QAbstractScrollArea {
     ListBox* list_ = nullptr;
     std::function<std::optional<Lead>(std::string_view)> lead_;
     int rowHeight_ = 1;
-    int characterWidth_ = 1;
+    double characterWidth_ = 1;  // pixels; of a narrow one where the font has no fixed pitch
     QString placeholder_;
     int hintRows_ = 12;
     bool barsDue_ = false;

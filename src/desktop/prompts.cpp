@@ -1,5 +1,6 @@
 #include "desktop/prompts.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -75,7 +76,7 @@ void Prompts::ShowDialog(const FileDialogRequest& request, QWidget* parent) {
     auto* dialog = new QFileDialog(parent, ToQt(request.title));
     dialog->setOption(QFileDialog::DontUseNativeDialog, !native_);
     dialog->setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog->setDirectory(Native(request.folder));
+    dialog->setDirectory(request.folder.empty() ? QDir::homePath() : Native(request.folder));
     if (IsFolderPicker(request)) {
         dialog->setFileMode(QFileDialog::Directory);
         dialog->setOption(QFileDialog::ShowDirsOnly);

@@ -51,10 +51,12 @@ FrameBinder::FrameBinder(Frame& frame, QWidget* widget) : Binder(frame, widget) 
 void FrameBinder::ShowAspect(Aspect aspect) {
     if (aspect != Aspect::Caption) return;
     if (auto* box = qobject_cast<QGroupBox*>(Widget())) box->setTitle(ToQt(As<Frame>().Caption()));
+    if (auto* page = dynamic_cast<TitledPage*>(Widget())) page->Title().setText(ToQt(As<Frame>().Caption()));
 }
 
 void FrameBinder::AddWidgetState(nlohmann::json& state) const {
     if (const auto* box = qobject_cast<const QGroupBox*>(Widget())) state["caption"] = FromQt(box->title());
+    if (const auto* page = dynamic_cast<const TitledPage*>(Widget())) state["caption"] = FromQt(page->Title().text());
 }
 
 PictureBinder::PictureBinder(Picture& picture, PictureView* widget) : Binder(picture, widget) {}

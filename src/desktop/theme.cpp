@@ -20,7 +20,8 @@ bool DesktopWantsDark() {
 
 QPalette DarkPalette() {
     const QColor window(0x2b, 0x2d, 0x30), base(0x1e, 0x1f, 0x22), text(0xe4, 0xe6, 0xe8), dim(0x84, 0x88, 0x8d);
-    QPalette dark(text, window);
+    QPalette dark(QColor(0x3a, 0x3d, 0x41), window);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) dark.setColor(role, text);
     dark.setColor(QPalette::Base, base);
     dark.setColor(QPalette::AlternateBase, window);
     dark.setColor(QPalette::ToolTipBase, window);

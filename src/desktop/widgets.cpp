@@ -42,6 +42,19 @@ void PictureView::resizeEvent(QResizeEvent* event) {
     if (Resized) Resized(event->size().width());
 }
 
+TitledPage::TitledPage(QWidget* parent)
+    : QWidget(parent), title_(new TextLabel(TextLabel::Style::Line, this)), content_(new QVBoxLayout) {
+    QFont font = title_->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    title_->setFont(font);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(12, 8, 12, 8);
+    whole->setSpacing(12);
+    whole->addWidget(title_);
+    whole->addLayout(content_, 1);
+}
+
 TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
     setDrawBase(true);
     setExpanding(false);

@@ -1,6 +1,7 @@
 // Widgets that Qt doesn't have as we want them.
 #pragma once
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QTabBar>
 #include <functional>
@@ -36,6 +37,18 @@ class PictureView : public QWidget {
 
    private:
     Paint paint_;
+};
+
+// A page with its title above what its layout `Content` holds.
+class TitledPage : public QWidget {
+   public:
+    explicit TitledPage(QWidget* parent = nullptr);
+    TextLabel& Title() const { return *title_; }
+    QVBoxLayout& Content() const { return *content_; }
+
+   private:
+    TextLabel* title_;
+    QVBoxLayout* content_;
 };
 
 // Tabs that change only when they are told to: the user's wish is asked first.

@@ -9,7 +9,7 @@ namespace qv {
 class InitialForm : public Form {
    public:
     explicit InitialForm(WindowSystem& windows) : Form(windows, "InitialForm", "About Zephon Quorvantis") {
-        SetSize(420, 260);
+        SetSize(480, 260);
         Command1.SetVisible(false);
         SetDefaultButton(&Command1);
         SetCancelButton(&Command1);

@@ -50,7 +50,7 @@ class Headings : public QWidget {
     void Arrange() {
         const int starts[] = {0, kStatusWidth, kLabelEnd + 1};
         for (std::size_t i = 0; i < labels_.size(); ++i) {
-            const int left = list_.frameWidth() + list_.TextLeft() + starts[i] * list_.CharacterWidth() - list_.ScrolledBy();
+            const int left = list_.frameWidth() + list_.TextLeft() + list_.WidthOf(starts[i]) - list_.ScrolledBy();
             labels_[i]->move(left, (height() - labels_[i]->sizeHint().height()) / 2);
         }
     }
@@ -200,6 +200,7 @@ QLayout* CheckFormView::LinkPart(CheckForm& form) {
     auto* part = new QVBoxLayout;
     part->setSpacing(0);
     ListView* links = Make(form.List1);
+    links->SetFixedPitch();
     links->SetPlaceholder("The links of the selected document are listed here. The ticked ones are checked.");
     links->SetLead([links](std::string_view row) -> std::optional<ListView::Lead> {
         const auto tone = ToneOfStatus(Trim(row.substr(0, kStatusWidth)));
@@ -209,7 +210,7 @@ QLayout* CheckFormView::LinkPart(CheckForm& form) {
     QSizePolicy policy = links->sizePolicy();
     policy.setRetainSizeWhenHidden(true);  // it is hidden while it is being filled
     links->setSizePolicy(policy);
-    form.FontNamePicture.SetCharacterWidth(links->CharacterWidth());
+    form.FontNamePicture.SetCharacterWidth(links->WidthOf(1));
     part->addWidget(new Headings(*links, {Make(form.LabelStatus), Make(form.LabelText), Make(form.LabelUrl)}));
     part->addWidget(links, 1);
     return part;
@@ -217,6 +218,7 @@ QLayout* CheckFormView::LinkPart(CheckForm& form) {
 
 QWidget* CheckFormView::StatusRow(CheckForm& form) {
     auto* bar = new QStatusBar(this);
+    bar->setContentsMargins(8, 0, 0, 0);
     bar->addWidget(Make(form.StatusBar1), 1);
     return bar;
 }

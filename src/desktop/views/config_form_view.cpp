@@ -12,13 +12,13 @@ namespace qv {
 ConfigFormView::ConfigFormView(ConfigForm& form, QWidget* parent) : FormWindow(form, parent, Qt::Dialog) {
     using Style = TextLabel::Style;
     std::vector<QWidget*> pages;
-    for (Frame* frame : {&form.Page0, &form.Page1, &form.Page2, &form.Page3}) pages.push_back(MakeBox(*frame));
+    std::vector<TitledPage*> titled;
+    for (Frame* frame : {&form.Page0, &form.Page1, &form.Page2, &form.Page3}) pages.push_back(titled.emplace_back(MakeTitledPage(*frame)));
     const auto lay = [&](std::size_t page, std::initializer_list<QWidget*> rows) {
-        auto* column = new QVBoxLayout(pages[page]);
-        column->setContentsMargins(20, 20, 20, 20);
-        column->setSpacing(8);
-        for (QWidget* row : rows) column->addWidget(row);
-        column->addStretch();
+        QVBoxLayout& column = titled[page]->Content();
+        column.setSpacing(8);
+        for (QWidget* row : rows) column.addWidget(row);
+        column.addStretch();
     };
     const auto field = [&](Label& label, TextBox& box) {
         QLineEdit* line = Make(box);
