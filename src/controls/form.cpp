@@ -38,6 +38,12 @@ void Form::Centre() {
               place_.height});
 }
 
+void Form::FitOnScreen() {
+    constexpr int kFrameWidth = 8, kFrameHeight = 40;  // of a window manager, pixels
+    SetSize(std::min(place_.width, windows_.ScreenWidth() - kFrameWidth),
+            std::min(place_.height, windows_.ScreenHeight() - kFrameHeight));
+}
+
 void Form::SetPointer(qv::Pointer pointer) {
     if (pointer_ == pointer) return;
     pointer_ = pointer;

@@ -35,7 +35,8 @@ class Form : public Control {
     const Geometry& Place() const { return place_; }
     void SetPlace(const Geometry& place);
     void SetSize(int width, int height) { SetPlace({place_.left, place_.top, width, height}); }
-    void Centre();  // on the screen, with the form's own size
+    void Centre();       // on the screen, with the form's own size
+    void FitOnScreen();  // smaller, if it and a frame around it don't fit the screen
 
     qv::Pointer Pointer() const { return pointer_; }
     void SetPointer(qv::Pointer pointer);

@@ -104,25 +104,21 @@ void FormWindow::ShowForm(Aspect aspect) {
     showing_ = outer;
 }
 
-// The window is as large as its contents need, around the middle of where the form would be, and on the screen.
+// The window is at least as large as its contents need, around the middle of where the form would be, and on the screen.
 void FormWindow::FitPlace() {
     ensurePolished();
     const Geometry& wish = form_->Place();
     QRect place(wish.left, wish.top, wish.width, wish.height);
-    const QScreen* screen = QGuiApplication::screenAt(place.center());
-    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    const QRect room = screen == nullptr ? place : screen->availableGeometry();
     const QSize least = layout() != nullptr ? layout()->totalMinimumSize() : QSize(0, 0);
-    const QSize largest = room.size() - QSize(8, 40);  // the window manager puts a frame around it
     const QPoint middle = place.center();
-    const bool fits = place.size() == place.size().expandedTo(least).boundedTo(largest);
-    place.setSize(place.size().expandedTo(least).boundedTo(largest));
-    if (!fits) place.moveCenter(middle);
-    if (!room.intersects(place)) place.moveCenter(room.center());
-    if (!fits) {
-        place.moveLeft(std::max(room.left(), place.left()));
-        place.moveTop(std::max(room.top(), place.top()));
+    if (place.size() != place.size().expandedTo(least)) {
+        place.setSize(place.size().expandedTo(least));
+        place.moveCenter(middle);
     }
+    const QScreen* screen = QGuiApplication::screenAt(middle);
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    if (screen != nullptr && !screen->availableGeometry().intersects(place))
+        place.moveCenter(screen->availableGeometry().center());
     form_->SetPlace({place.left(), place.top(), place.width(), place.height()});
 }
 

@@ -1,7 +1,9 @@
 #include "desktop/qt_loop.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QSocketNotifier>
+#include <QThread>
 #include <QTimerEvent>
 #include <algorithm>
 #include <cmath>
@@ -28,11 +30,39 @@ QtLoop::~QtLoop() {
     }
 }
 
+// Events that were posted to Qt before the one that is being handled now don't wake a nested turn, so a turn asks for them.
 bool QtLoop::Turn(bool wait) {
+    const bool ran = RunPosted();
+    const int outer = std::exchange(turnLevel_, QThread::currentThread()->loopLevel());
+    QCoreApplication::sendPostedEvents();
     auto* dispatcher = QAbstractEventDispatcher::instance();
-    const bool handled = dispatcher->processEvents(wait ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
+    const bool handled = dispatcher->processEvents(wait && !ran ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
+    turnLevel_ = outer;
     lastTurn_ = std::chrono::steady_clock::now();
-    return handled;
+    const std::lock_guard lock(mutex_);
+    if (!posted_.empty()) Wake();
+    return ran || handled;
+}
+
+bool QtLoop::RunPosted() {
+    std::size_t left = 0;  // what is posted meanwhile waits for the next turn
+    {
+        const std::lock_guard lock(mutex_);
+        left = posted_.size();
+    }
+    bool ran = false;
+    for (; left > 0; --left) {
+        std::function<void()> work;
+        {
+            const std::lock_guard lock(mutex_);
+            if (posted_.empty()) break;
+            work = std::move(posted_.front());
+            posted_.pop_front();
+        }
+        work();
+        ran = true;
+    }
+    return ran;
 }
 
 void QtLoop::Yield() { Turn(false); }
@@ -120,6 +150,23 @@ void QtLoop::timerEvent(QTimerEvent* event) {
     (*tick)();
 }
 
-void QtLoop::Post(std::function<void()> work) { QMetaObject::invokeMethod(this, std::move(work), Qt::QueuedConnection); }
+// The queue is ours, since a nested turn has to go on with it; Qt's event wakes the loop, whoever turns it.
+void QtLoop::Post(std::function<void()> work) {
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+    if (posted_.size() == 1) Wake();
+}
+
+void QtLoop::Wake() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (turnLevel_ == QThread::currentThread()->loopLevel()) return;  // a turn does this itself, once
+            RunPosted();
+            const std::lock_guard lock(mutex_);
+            if (!posted_.empty()) Wake();
+        },
+        Qt::QueuedConnection);
+}
 
 }  // namespace qv

@@ -3,7 +3,9 @@
 
 #include <QObject>
 #include <chrono>
+#include <deque>
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 
 #include "platform/event_loop.h"
@@ -42,7 +44,9 @@ class QtLoop : public QObject, public EventLoop {
         bool repeat = false;
         std::shared_ptr<std::function<void()>> tick;
     };
-    bool Turn(bool wait);
+    bool Turn(bool wait);  // whether anything was handled
+    bool RunPosted();
+    void Wake();
     QSocketNotifier* Notifier(int descriptor, bool write);
     void Ready(int descriptor, bool write);
     int StartQtTimer(std::chrono::milliseconds interval);
@@ -52,6 +56,9 @@ class QtLoop : public QObject, public EventLoop {
     std::unordered_map<int, TimerId> byQtTimer_;
     TimerId lastTimer_ = 0;
     std::chrono::steady_clock::time_point lastTurn_ = std::chrono::steady_clock::now();
+    int turnLevel_ = -1;  // of Qt's loops, the one inside which a turn is being made; -1: none is
+    std::mutex mutex_;  // guards posted_
+    std::deque<std::function<void()>> posted_;
 };
 
 }  // namespace qv

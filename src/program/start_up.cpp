@@ -67,6 +67,7 @@ void StartUp::LoadSettings() {
 
 void StartUp::CheckForm_Load() {
     CheckForm& w = p_.window;
+    w.FitOnScreen();
     w.Centre();
     w.SetPointer(Pointer::Wait);
     p_.session.WindowsFolder = p_.places.windowsFolder;

@@ -167,6 +167,21 @@ TEST_F(Controls, AFormThatClosesItselfWhileItLoadsIsNotShown) {
     EXPECT_EQ(waits, 0);
 }
 
+TEST_F(Controls, AFormLargerThanTheScreenIsFittedOnIt) {
+    windows.SetScreen(800, 600);
+    form.SetSize(860, 620);
+    form.FitOnScreen();
+    form.Centre();
+    EXPECT_EQ(form.Place().width, 792);
+    EXPECT_EQ(form.Place().height, 560);
+    EXPECT_EQ(form.Place().left, 4);
+    EXPECT_EQ(form.Place().top, 20);
+    form.SetSize(400, 300);
+    form.FitOnScreen();
+    EXPECT_EQ(form.Place().width, 400);
+    EXPECT_EQ(form.Place().height, 300);
+}
+
 TEST_F(Controls, AnUnloadCanBeRefused) {
     windows.Show(form);
     form.Unload = [](bool& refused) { refused = true; };
