@@ -36,7 +36,7 @@ bool IsAutomated() {
 // Requests in, replies and events out, all carried out at the windows.
 struct Remote {
     Remote(qv::EventLoop& loop, qv::Program& program, qv::Desktop& desktop)
-        : channel(loop), driver(desktop), automation(program.Windows(), driver, [this](const std::string& line) { channel.Write(line); }) {}
+        : channel(loop), driver(desktop, IsSet("QUORVANTIS_AUTOMATION_PLACES")), automation(program.Windows(), driver, [this](const std::string& line) { channel.Write(line); }) {}
     void Start() {
         channel.Start([this](const std::string& line) { automation.HandleLine(line); }, [] { End(0); });
     }

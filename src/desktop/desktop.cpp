@@ -69,7 +69,10 @@ void Desktop::FormClosed(const Form& form) {
 
 void Desktop::MessageShown(const MessageRequest& request) { prompts_.ShowMessage(request, Top()); }
 void Desktop::DialogShown(const FileDialogRequest& request) { prompts_.ShowDialog(request, Top()); }
-void Desktop::PromptClosed() { prompts_.CloseTop(); }
+void Desktop::PromptClosed() {
+    prompts_.CloseTop();
+    if (FormWindow* below = Top()) below->BringUp();
+}
 void Desktop::Beeped() { QApplication::beep(); }
 
 void Desktop::FormActivated(Form& form) {

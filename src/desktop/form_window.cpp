@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -28,6 +29,7 @@ void FormWindow::Open() {
     form_->Observe(this);
     for (Control* control : form_->Controls()) control->Observe(this);
     SetTabOrder();
+    YieldAccessKeysToMenus();
     ShowDefaultButton();
     FitPlace();
     for (const Aspect aspect : {Aspect::Caption, Aspect::Pointer, Aspect::Geometry}) ShowForm(aspect);
@@ -69,6 +71,7 @@ void FormWindow::ControlChanged(Control& control, Aspect aspect) {
         if (menus_) menus_->Show(static_cast<Menu&>(control), aspect);
     } else if (Binder* binder = BinderOf(control)) {
         binder->Show(aspect);
+        if (aspect == Aspect::Caption && control.Kind() == ControlKind::CommandButton) YieldAccessKeysToMenus();
     }
     showing_ = outer;
 }
@@ -186,11 +189,18 @@ bool FormWindow::event(QEvent* event) {
 void FormWindow::keyPressEvent(QKeyEvent* event) {
     if (form_ == nullptr) return;
     const Key key = KeyOf(*event);
-    if (event->modifiers() == Qt::ControlModifier && tabs_ != nullptr &&
-        (event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp))
-        return NextTab(event->key() == Qt::Key_PageDown ? 1 : -1);
     if ((key == Key::Enter || key == Key::Escape) && user::PressFormButton(*form_, key)) return;
     QWidget::keyPressEvent(event);
+}
+
+// Keys that go through the tabs from wherever the focus is.
+void FormWindow::AddTabKeys() {
+    const std::pair<QKeySequence, int> keys[] = {{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1},
+                                                 {QKeySequence(Qt::CTRL | Qt::Key_Tab), 1},
+                                                 {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1},
+                                                 {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1}};
+    for (const auto& [key, step] : keys)
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, direction = step] { NextTab(direction); });
 }
 
 void FormWindow::NextTab(int step) {
@@ -204,6 +214,19 @@ void FormWindow::SetTabOrder() {
         if (binder == nullptr) continue;
         if (before != nullptr) QWidget::setTabOrder(before, binder->Target());
         before = binder->Target();
+    }
+}
+
+// A key that opens a menu opens it always; a button of the same key is pressed by it with Shift.
+void FormWindow::YieldAccessKeysToMenus() {
+    for (auto& [control, binder] : binders_) {
+        auto* button = qobject_cast<QPushButton*>(binder->Widget());
+        if (button == nullptr) continue;
+        const QKeySequence key = QKeySequence::mnemonic(button->text());
+        for (const Menu* menu : form_->Menus()) {
+            if (key.isEmpty() || QKeySequence::mnemonic(ToQt(menu->Caption())) != key) continue;
+            button->setShortcut(QKeySequence(QKeyCombination(key[0].keyboardModifiers() | Qt::ShiftModifier, key[0].key())));
+        }
     }
 }
 

@@ -96,6 +96,8 @@ class FormWindow : public QWidget, public ControlObserver {
     void TakePlace();
     void FitPlace();
     void SetTabOrder();
+    void YieldAccessKeysToMenus();
+    void AddTabKeys();
     void NextTab(int step);
 
     Form* form_;

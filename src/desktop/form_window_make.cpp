@@ -67,6 +67,7 @@ TextLabel* FormWindow::Make(StatusBar& bar) { return Bind<StatusBinder>(bar, new
 
 TabBar* FormWindow::Make(TabStrip& strip) {
     tabs_ = new TabBar(this);
+    AddTabKeys();
     return Bind<TabBinder>(strip, tabs_);
 }
 

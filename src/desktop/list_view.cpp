@@ -71,6 +71,11 @@ int ListView::RowAt(const QPoint& at) const {
     return row < list_->Count() ? row : -1;
 }
 
+int ListView::LastRowSeen() const {
+    if (list_ == nullptr) return -1;
+    return std::min(list_->Count(), (viewport()->height() + verticalScrollBar()->value()) / rowHeight_) - 1;
+}
+
 void ListView::EnsureVisible(int row) {
     if (list_ == nullptr || row < 0) return;
     SetBarsIfDue();

@@ -35,6 +35,7 @@ class ListView : public QAbstractScrollArea {
     int ScrolledBy() const;           // pixels to the right
     QRect RowRect(int row) const;     // on the viewport; empty for no row
     int RowAt(const QPoint& at) const;  // -1 for none
+    int LastRowSeen() const;            // whole; -1 for none
     void EnsureVisible(int row);
     void SetHintRows(int rows) { hintRows_ = rows; }  // how many rows the view asks room for
     void SetPlaceholder(const QString& text) { placeholder_ = text; }  // shown while there are no rows

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTabBar>
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "automation/state_json.h"
@@ -69,7 +70,23 @@ nlohmann::json QtDriver::State(Control& control) {
         window->MenuSet()->AddState(static_cast<Menu&>(control), state);
     else if (const Binder* binder = BinderOf(control))
         binder->AddState(state);
+    if (places_) AddPlace(control, state);
     return state;
+}
+
+void QtDriver::AddPlace(const Control& control, nlohmann::json& state) const {
+    const auto place = [](const QWidget& widget, const QRect& part) {
+        const QPoint corner = widget.mapToGlobal(part.topLeft());
+        return nlohmann::json{corner.x(), corner.y(), part.width(), part.height()};
+    };
+    const QWidget* target = TargetOf(control);
+    if (target == nullptr) return;
+    state["place"] = place(*target, target->rect());
+    const auto* view = dynamic_cast<const ListView*>(target);
+    if (view == nullptr) return;
+    state["rows"] = nlohmann::json::object();
+    for (int row = std::max(0, view->RowAt({0, 0})); row <= view->LastRowSeen(); ++row)
+        state["rows"][std::to_string(row)] = place(*view->viewport(), view->RowRect(row));
 }
 
 nlohmann::json QtDriver::Entries(Menu& menu) {

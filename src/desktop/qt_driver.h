@@ -8,7 +8,9 @@ namespace qv {
 
 class QtDriver : public Driver {
    public:
-    explicit QtDriver(Desktop& desktop) : desktop_(desktop) {}
+    // `places`: states also tell where a control is on the screen ("place": left, top, width, height), and of a list where the rows
+    // are that can be seen ("rows": from the first of them, by number). For tests that use a real mouse.
+    QtDriver(Desktop& desktop, bool places) : desktop_(desktop), places_(places) {}
 
     nlohmann::json State(Control& control) override;
     nlohmann::json Entries(Menu& menu) override;
@@ -33,8 +35,10 @@ class QtDriver : public Driver {
     Binder* BinderOf(const Control& control) const;
     QWidget* TargetOf(const Control& control) const;
     void FocusOn(Control& control) const;
+    void AddPlace(const Control& control, nlohmann::json& state) const;
 
     Desktop& desktop_;
+    bool places_;
 };
 
 }  // namespace qv

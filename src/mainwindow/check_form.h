@@ -137,7 +137,7 @@ class CheckForm : public Form {
     CommandButton SpinLeft{*this, "SpinLeft", "<"};
     CommandButton SpinRight{*this, "SpinRight", ">"};
     CommandButton ComHide{*this, "ComHide", "S&how Bad Only"};
-    CommandButton Command2{*this, "Command2", "&Email Set-up"};
+    CommandButton Command2{*this, "Command2", "E&mail Set-up"};
     Picture Picture2{*this, "Picture2"};  // the indicator: bright green during a retrieval
     Label LabelInd{*this, "LabelInd"};
     ProgressBar ProgressBar1{*this, "ProgressBar1"};

@@ -8,7 +8,14 @@ import tempfile
 import threading
 from pathlib import Path
 
+from displays import display
+
 PATIENCE = 30.0
+
+
+def is_desktop():
+    """Whether the program under test is the one with windows."""
+    return Path(os.environ["QUORVANTIS_PROGRAM"]).name == "quorvantis"
 
 
 class Refused(Exception):
@@ -74,6 +81,9 @@ class Program:
         self.errors = open(scratch.root / "errors.txt", "ab")
         settings = dict(os.environ, QUORVANTIS_AUTOMATION="1", QUORVANTIS_NO_PAUSES="1", QUORVANTIS_HOME=str(scratch.home),
                         XDG_CONFIG_HOME=str(scratch.root / "config"), HOME=str(scratch.root), LC_ALL="C", TZ="UTC")
+        if is_desktop():
+            settings["DISPLAY"] = display()
+            settings.pop("WAYLAND_DISPLAY", None)
         settings.update(environment or {})
         self.process = subprocess.Popen([os.environ["QUORVANTIS_PROGRAM"], *arguments], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=self.errors, env=settings, cwd=str(scratch.root))

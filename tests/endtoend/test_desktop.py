@@ -1,0 +1,287 @@
+"""What only a mouse or a keyboard can do, at real windows."""
+import unittest
+
+from case import Case
+from hands import Hands
+from program import Refused, is_desktop
+from servers import page, reply
+
+INTERNET = "Zephon Quorvantis - Internet Mode"
+LINKS = ["http://127.0.0.1:9/%s.html" % name for name in "abcdefgh"]
+
+
+@unittest.skipUnless(is_desktop(), "there are no windows")
+class DesktopCase(Case):
+    def start(self, documents=1, links=None, **more):
+        for number in range(1, documents + 1):
+            self.scratch.document("http://127.0.0.1:9/doc%d.html" % number, LINKS if links is None else links, number)
+        p = self.program(environment={"QUORVANTIS_AUTOMATION_PLACES": "1"}, **more)
+        self.hands = Hands(p)
+        self.hands.window(INTERNET)
+        p.until(lambda: p.state("CheckForm.Command1")["place"][0] > 0)
+        return p
+
+    def answered(self, p):
+        """Whether no message box is open any more. The button asked for is one that none has."""
+        try:
+            p.do("answer", value="(none)")
+        except Refused as refusal:
+            return str(refusal) == "nothing to answer"
+
+    def focus(self, p, form="CheckForm"):
+        return p.state(form)["focus"]
+
+
+class Keyboard(DesktopCase):
+    def test_an_address_is_typed_where_its_access_key_leads(self):
+        p = self.start()
+        self.hands.key("alt+a")
+        p.until(lambda: self.focus(p) == "TextFileName")
+        self.hands.key("ctrl+a")
+        self.hands.type("http://127.0.0.1/typed.html")
+        p.until(lambda: p.state("CheckForm.TextFileName")["text"] == "http://127.0.0.1/typed.html")
+
+    def test_access_keys_press_buttons_and_escape_leaves(self):
+        p = self.start()
+        self.hands.key("alt+w")
+        p.event("modal", form="WizardForm")
+        self.assertEqual(p.caption("WizardForm"), "Internet Web Site Database")
+        self.hands.window("Internet Web Site Database")
+        self.hands.key("Escape")
+        p.event("closed", form="WizardForm")
+        p.until(lambda: self.hands.tool("getwindowfocus", "getwindowname") == INTERNET.split())
+        self.hands.key("alt+shift+d")
+        p.event("modal", form="WizardForm")
+        self.assertEqual(p.caption("WizardForm"), "Internet Document Database")
+
+    def test_a_menus_access_key_opens_it_also_when_a_button_has_the_same(self):
+        p = self.start()
+        self.hands.key("alt+h")
+        self.hands.key("a")
+        p.event("modal", form="InitialForm")
+        self.hands.window("About Zephon Quorvantis")
+        self.hands.key("Return")
+        p.event("closed", form="InitialForm")
+
+    def test_a_menus_opening_rule_runs_when_the_keyboard_opens_it(self):
+        p = self.start()
+        p.do("select", "CheckForm.List1", row=2)
+        self.hands.key("alt+l", "Escape", "Escape")
+        p.until(lambda: p.state("CheckForm.MenuLinkOpen")["enabled"])
+
+    def test_tab_goes_through_the_controls_in_their_order(self):
+        p = self.start()
+        p.do("focus", "CheckForm.txtFileName")
+        order = ["txtFileName"]
+        for _ in range(8):
+            before = order[-1]
+            self.hands.key("Tab")
+            order.append(p.until(lambda: self.focus(p) != before and self.focus(p)))
+        self.assertEqual(order, ["txtFileName", "TextFileName", "Command1", "ComOpen", "ComStart", "SpinLeft", "SpinRight",
+                                 "ComHide", "Command2"])
+        self.hands.key("shift+Tab")
+        p.until(lambda: self.focus(p) == "ComHide")
+
+    def test_the_space_key_toggles_the_current_row_and_arrows_move_it(self):
+        p = self.start()
+        p.do("focus", "CheckForm.List1")
+        self.hands.key("Down", "Down", "space", "Down", "space")
+        p.until(lambda: [row for row, item in enumerate(p.state("CheckForm.List1")["items"]) if not item["selected"]] == [2, 3])
+        self.assertEqual(p.state("CheckForm.List1")["index"], 3)
+        p.until(lambda: [link[2].strip() for link in self.scratch.links()] == ["X", "X", "", "", "X", "X", "X", "X"])
+
+    def test_the_context_key_opens_the_links_menu(self):
+        p = self.start()
+        p.do("focus", "CheckForm.List1")
+        p.do("select", "CheckForm.List1", row=1)
+        self.hands.key("Menu", "o")
+        p.until(lambda: p.state("CheckForm.TextFileName")["text"] == LINKS[1])
+
+    def test_enter_in_the_documents_opens_the_site_wizard(self):
+        p = self.start()
+        p.do("focus", "CheckForm.txtFileName")
+        self.hands.key("Return")
+        p.event("modal", form="WizardForm")
+        self.assertEqual(p.state("WizardForm.Text1")["text"], "http://127.0.0.1:9/doc1.html")
+
+    def test_enter_presses_the_default_button_wherever_the_focus_is(self):
+        p = self.start()
+        p.send("click", "CheckForm.MenuHelpEmail")
+        p.event("modal", form="ConfigForm")
+        self.hands.window("Zephon Quorvantis Configuration Wizard")
+        self.hands.key("Return")
+        p.until(lambda: self.focus(p, "ConfigForm") == "TextMailServer")
+        self.hands.type("mail.example.com")
+        self.hands.key("Tab")
+        self.hands.type("me@example.com")
+        self.hands.key("Tab")
+        self.hands.type("Me")
+        p.until(lambda: p.state("ConfigForm.ComNext")["enabled"])
+        self.hands.key("Return")
+        p.until(lambda: self.focus(p, "ConfigForm") == "CheckAuth")
+        self.hands.key("space")
+        p.until(lambda: p.state("ConfigForm.CheckAuth")["value"] == 1)
+        self.assertFalse(p.state("ConfigForm.ComNext")["enabled"])
+
+    def test_tabs_change_by_the_keyboard_and_a_refused_page_stays(self):
+        p = self.start()
+        p.send("click", "CheckForm.ComOpen")
+        p.event("modal", form="WizardForm")
+        self.hands.window("Internet Document Database")
+        p.do("set", "WizardForm.Text1", value="https://127.0.0.1/no.html")
+        self.hands.key("ctrl+Next")
+        p.event("message", text="Not a valid Web URL: https://127.0.0.1/no.html")
+        self.assertEqual(p.state("WizardForm.TabStrip1")["value"], 1)
+        self.hands.window("Zephon Quorvantis")
+        self.hands.key("Return")
+        p.until(lambda: self.answered(p))
+        p.do("set", "WizardForm.Text1", value="http://127.0.0.1/yes.html")
+        p.until(lambda: self.hands.tool("getwindowfocus", "getwindowname") == ["Internet", "Document", "Database"])
+        self.hands.key("ctrl+Next")
+        p.until(lambda: p.state("WizardForm.TabStrip1")["value"] == 2)
+        self.hands.key("ctrl+Prior")
+        p.until(lambda: p.state("WizardForm.TabStrip1")["value"] == 1)
+        self.assertEqual(self.focus(p, "WizardForm"), "Text1")
+
+
+class Mouse(DesktopCase):
+    def test_a_click_toggles_a_row(self):
+        p = self.start()
+        self.hands.click("CheckForm.List1", row=3)
+        p.until(lambda: p.state("CheckForm.List1")["index"] == 3)
+        self.assertFalse(p.state("CheckForm.List1")["items"][3]["selected"])
+        p.until(lambda: self.scratch.links()[3][2].strip() == "")
+        self.hands.click("CheckForm.List1", row=3)
+        p.until(lambda: p.state("CheckForm.List1")["items"][3]["selected"])
+        p.until(lambda: self.scratch.links()[3][2] == "X")
+
+    def test_a_right_click_opens_the_links_menu_on_the_row_under_the_pointer(self):
+        server = self.server({"*": reply(200, body=page('<a href="x.html">x</a>'))})
+        p = self.start(links=[server.url("%d.html" % n) for n in range(5)])
+        self.hands.click("CheckForm.List1", row=2, button=3)
+        p.until(lambda: p.state("CheckForm.List1")["index"] == 2)
+        self.assertTrue(p.state("CheckForm.List1")["items"][2]["selected"])
+        self.hands.key("o")
+        p.event("modal", form="WizardForm")
+        self.assertEqual(p.state("WizardForm.Text1")["text"], server.url("2.html"))
+        self.hands.window("Internet Document Database")
+        self.hands.key("Return")
+        p.until(lambda: p.documents()[-1][0] == server.url("2.html"))
+
+    def test_a_right_click_on_a_document_opens_the_documents_menu(self):
+        p = self.start(documents=3)
+        self.hands.click("CheckForm.txtFileName", row=1, button=3)
+        p.until(lambda: p.state("CheckForm.txtFileName")["index"] == 1)
+        self.hands.key("r", "r", "Return")  # two entries have this key; the second removes
+        p.until(lambda: len(p.documents()) == 2 or self.hands.key("Return"))
+        self.assertEqual([text for text, _ in p.documents()], ["http://127.0.0.1:9/doc1.html", "http://127.0.0.1:9/doc3.html"])
+
+    def test_a_held_spin_button_goes_on_until_it_is_released(self):
+        p = self.start(documents=12)
+        self.hands.press("CheckForm.SpinRight")
+        p.until(lambda: p.state("CheckForm.txtFileName")["index"] >= 4)
+        self.hands.release()
+        p.until(lambda: p.state("CheckForm.Timer2")["enabled"] is False)
+        stopped = p.state("CheckForm.txtFileName")["index"]
+        self.assertLess(stopped, 11)
+        self.hands.click("CheckForm.SpinLeft")
+        p.until(lambda: p.state("CheckForm.Timer2")["enabled"] is False and
+                p.state("CheckForm.txtFileName")["index"] == stopped - 1)
+
+    def test_the_tip_of_a_tool_button_comes_with_the_pointer(self):
+        p = self.start()
+        self.hands.move("CheckForm.ToolOpenDoc")
+        p.until(lambda: p.state("CheckForm.ToolOpenDoc")["tip"] == "New (Clear Cache)")
+
+    def test_stop_acts_while_a_server_says_nothing(self):
+        server = self.server({"*": "silent"})
+        p = self.start(links=[server.url("a.html"), server.url("b.html")])
+        self.hands.click("CheckForm.ComStart")
+        p.until(lambda: server.asked())
+        self.hands.click("CheckForm.ComStop")
+        p.until(lambda: p.caption("CheckForm.LabelInd") == "None of 0 links checked were questionable.")
+        self.assertEqual(self.scratch.statuses(), ["STOP", ""])
+
+    def test_the_wheel_over_a_drop_down_list_picks_nothing(self):
+        p = self.start()
+        for name in ("one", "two"):
+            p.send("click", "CheckForm.ComOpen")
+            p.event("modal", form="WizardForm")
+            p.do("set", "WizardForm.Text1", value="http://127.0.0.1:9/%s.html" % name)
+            p.do("click", "WizardForm.ComApply")
+            p.do("click", "WizardForm.ComCloseCancel")
+            p.event("closed", form="WizardForm")
+        p.send("click", "CheckForm.ComOpen")
+        p.event("modal", form="WizardForm")
+        self.hands.window("Internet Document Database")
+        p.do("select", "WizardForm.Text1", row=0)
+        self.hands.click("WizardForm.Text1", button=5)
+        self.hands.click("WizardForm.Text1", button=4)
+        self.hands.key("End")
+        self.hands.type("x")
+        p.until(lambda: p.state("WizardForm.Text1")["text"].endswith("one.htmlx"))
+
+
+class Window(DesktopCase):
+    def test_resizing_keeps_everything_in_the_window(self):
+        p = self.start()
+        for width, height in ((1100, 700), (760, 520)):
+            self.hands.resize(INTERNET, width, height)
+            p.until(lambda: (p.state("CheckForm")["width"], p.state("CheckForm")["height"]) == (width, height))
+            form = p.state("CheckForm")
+            right, bottom = form["left"] + width, form["top"] + height
+            p.until(lambda: p.state("CheckForm.List1")["place"][2] > width - 60)
+            for name in ("List1", "ComOpen", "ComSkip", "SpinRight", "txtFileName", "StatusBar1", "ProgressBar1", "Command2"):
+                at = p.state("CheckForm." + name)["place"]
+                self.assertLessEqual(at[0] + at[2], right, (name, width))
+                self.assertLessEqual(at[1] + at[3], bottom, (name, width))
+                self.assertGreater(at[3], 8, name)
+
+    def test_the_place_of_the_window_is_kept(self):
+        p = self.start()
+        self.hands.resize(INTERNET, 900, 650)
+        self.hands.tool("windowmove", "--sync", self.hands.window(INTERNET), 33, 44)
+        p.until(lambda: (p.state("CheckForm")["left"], p.state("CheckForm")["top"]) == (33, 44))
+        p.exit("Yes")
+        self.assertEqual(self.scratch.lines("quorvant.cfg")[14:], ["44", "33", "900", "650"])
+        again = self.program()
+        self.assertEqual([again.state("CheckForm")[name] for name in ("top", "left", "width", "height")], [44, 33, 900, 650])
+
+    def test_the_close_box_asks_and_cancel_keeps_everything(self):
+        p = self.start()
+        before = {path.name: path.read_bytes() for path in self.scratch.home.rglob("*") if path.is_file()}
+        self.hands.close_box(INTERNET)
+        p.event("message", text="Do you want to save these documents and link lists for the next session?")
+        self.hands.window("Zephon Quorvantis")
+        self.hands.key("Escape")  # the question's Cancel
+        p.until(lambda: self.answered(p))
+        self.assertEqual({path.name: path.read_bytes() for path in self.scratch.home.rglob("*") if path.is_file()}, before)
+        self.hands.click("CheckForm.List1", row=0)
+        p.until(lambda: not p.state("CheckForm.List1")["items"][0]["selected"])
+        self.hands.close_box(INTERNET)
+        p.event("message")
+        self.hands.window("Zephon Quorvantis")
+        self.hands.key("alt+y")
+        p.event("exit", code=0)
+        self.assertEqual(p.process.wait(10), 0)
+        self.assertTrue((self.scratch.home / "session.zdt").read_bytes())
+
+    def test_a_modal_window_keeps_the_mouse_from_those_below(self):
+        p = self.start()
+        p.send("click", "CheckForm.MenuHelpEmail")
+        p.event("modal", form="ConfigForm")
+        self.hands.window("Zephon Quorvantis Configuration Wizard")
+        self.hands.click("CheckForm.ToolLocalMode")
+        p.do("ping")
+        self.assertEqual(p.caption("CheckForm"), INTERNET)
+
+    def test_the_clipboard_is_the_systems(self):
+        p = self.start()
+        p.do("clipboard", value="from the program")
+        p.do("focus", "CheckForm.TextFileName")
+        self.hands.key("ctrl+a", "ctrl+v")
+        p.until(lambda: p.state("CheckForm.TextFileName")["text"] == "from the program")
+
+
+if __name__ == "__main__":
+    unittest.main()
