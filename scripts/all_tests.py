@@ -50,7 +50,9 @@ def main():
     results.append(run("unit tests", ctest + (["-R", pattern[0]] if pattern else []), env=environment))
     for build in ("release", "debug"):
         folder = root / "build" / build / "bin"
-        results.append(run("end to end, " + build, end_to_end + ["--bin", str(folder)] + pattern, env=environment))
+        for program in ("quorvantis-headless", "quorvantis"):
+            command = end_to_end + ["--bin", str(folder), "--program", program] + pattern
+            results.append(run("end to end, %s, %s" % (build, program), command, env=environment))
     passed, failed = (sum(column) for column in zip(*results))
     print("%d passed, %d failed" % (passed, failed))
     return 1 if failed or not passed else 0

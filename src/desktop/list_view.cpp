@@ -11,6 +11,8 @@
 #include <QStyleOptionButton>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <utility>
 
 #include "controls/form.h"
 #include "desktop/qt_text.h"
@@ -89,15 +91,24 @@ void ListView::EnsureVisible(int row) {
 
 void ListView::RowsChanged() {
     viewport()->update();
-    if (barsDue_) return;
     barsDue_ = true;
-    QMetaObject::invokeMethod(this, [this] { SetBarsIfDue(); }, Qt::QueuedConnection);
+    Schedule();
+}
+
+void ListView::Schedule() {
+    if (scheduled_) return;
+    scheduled_ = true;
+    QMetaObject::invokeMethod(this, [this] { Settle(); }, Qt::QueuedConnection);
+}
+
+void ListView::Settle() {
+    scheduled_ = false;
+    SetBarsIfDue();
+    if (std::exchange(followDue_, false) && list_ != nullptr) EnsureVisible(list_->ListIndex());
 }
 
 void ListView::SetBarsIfDue() {
-    if (!barsDue_) return;
-    barsDue_ = false;
-    SetBars();
+    if (std::exchange(barsDue_, false)) SetBars();
 }
 
 void ListView::SetBars() {
@@ -117,8 +128,11 @@ void ListView::RowChanged(int row) {
 
 void ListView::CurrentChanged() {
     if (list_ == nullptr) return;
-    viewport()->update();
-    EnsureVisible(list_->ListIndex());
+    RowChanged(shownCurrent_);
+    shownCurrent_ = list_->ListIndex();
+    RowChanged(shownCurrent_);
+    followDue_ = true;
+    Schedule();
 }
 
 QSize ListView::sizeHint() const {
@@ -202,7 +216,12 @@ void ListView::resizeEvent(QResizeEvent*) {
     if (Scrolled) Scrolled();
 }
 
-void ListView::scrollContentsBy(int dx, int) {
+// Up and down what is seen already moves along; sideways the marks at both ends stay where they are.
+void ListView::scrollContentsBy(int dx, int dy) {
+    if (dx == 0 && std::abs(dy) < viewport()->height()) {
+        viewport()->scroll(0, dy);
+        return;
+    }
     viewport()->update();
     if (dx != 0 && Scrolled) Scrolled();
 }

@@ -24,7 +24,7 @@ class ListView : public QAbstractScrollArea {
     };
     void SetLead(std::function<std::optional<Lead>(std::string_view text)> lead) { lead_ = std::move(lead); }
 
-    // What of the list changed. Cheap for each row of a long fill: the bars are set once, at the next turn.
+    // What of the list changed. Cheap for each row of a long fill or run: bars and place are set once, at the next turn.
     void RowsChanged();
     void RowChanged(int row);
     void CurrentChanged();
@@ -58,6 +58,8 @@ class ListView : public QAbstractScrollArea {
 
    private:
     void Measure();
+    void Schedule();
+    void Settle();
     void SetBars();
     void SetBarsIfDue();
     void PaintRow(QPainter& painter, int row, const QRect& place) const;
@@ -70,6 +72,9 @@ class ListView : public QAbstractScrollArea {
     double characterWidth_ = 1;  // pixels; of a narrow one where the font has no fixed pitch
     QString placeholder_;
     int hintRows_ = 12;
+    int shownCurrent_ = -1;
+    bool scheduled_ = false;
+    bool followDue_ = false;  // the current row has changed and is to be seen
     bool barsDue_ = false;
 };
 

@@ -194,6 +194,7 @@ TEST_F(Windows, AListOfAHundredThousandRowsScrollsToItsCurrentRow) {
     Show();
     auto* view = WidgetOf<ListView>(several);
     several.SetListIndex(99'999);
+    loop.Yield();
     EXPECT_TRUE(view->viewport()->rect().contains(view->RowRect(99'999)));
     several.Clear();
     loop.Yield();
