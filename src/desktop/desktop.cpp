@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "desktop/list_accessible.h"
 #include "desktop/qt_text.h"
 #include "desktop/views/views.h"
 
@@ -12,6 +13,7 @@ namespace qv {
 
 Desktop::Desktop(WindowSystem& windows, bool native) : windows_(windows), prompts_(windows, native) {
     windows.Listen(this);
+    TellListsToAssistiveTools();
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
         const QSize size = screen->availableGeometry().size();
         windows.SetScreen(size.width(), size.height());

@@ -28,6 +28,7 @@ FormWindow::~FormWindow() { Release(); }
 void FormWindow::Open() {
     form_->Observe(this);
     for (Control* control : form_->Controls()) control->Observe(this);
+    TellOfMissingWidgets();
     SetTabOrder();
     YieldAccessKeysToMenus();
     ShowDefaultButton();
@@ -205,6 +206,15 @@ void FormWindow::AddTabKeys() {
 
 void FormWindow::NextTab(int step) {
     if (tabs_->isEnabled()) tabs_->Wish((tabs_->currentIndex() + step + tabs_->count()) % tabs_->count());
+}
+
+// A view that forgot a control which can be seen.
+void FormWindow::TellOfMissingWidgets() const {
+    for (const Control* control : form_->Controls()) {
+        const bool unseen = control->Kind() == ControlKind::Menu || control->Kind() == ControlKind::Timer || !control->Visible();
+        if (!unseen && BinderOf(*control) == nullptr)
+            qWarning("%s.%s has no widget", form_->Name().c_str(), control->AddressName().c_str());
+    }
 }
 
 void FormWindow::SetTabOrder() {

@@ -95,6 +95,7 @@ class FormWindow : public QWidget, public ControlObserver {
     void ShowDefaultButton();
     void TakePlace();
     void FitPlace();
+    void TellOfMissingWidgets() const;
     void SetTabOrder();
     void YieldAccessKeysToMenus();
     void AddTabKeys();

@@ -1,5 +1,6 @@
 #include "desktop/list_view.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QFontDatabase>
@@ -133,6 +134,10 @@ void ListView::CurrentChanged() {
     RowChanged(shownCurrent_);
     followDue_ = true;
     Schedule();
+    if (!QAccessible::isActive() || !hasFocus() || shownCurrent_ < 0) return;
+    QAccessibleEvent told(this, QAccessible::Focus);
+    told.setChild(shownCurrent_);
+    QAccessible::updateAccessibility(&told);
 }
 
 QSize ListView::sizeHint() const {

@@ -223,6 +223,16 @@ class Mouse(DesktopCase):
 
 
 class Window(DesktopCase):
+    def test_every_control_of_every_window_is_there(self):
+        p = self.start()
+        for menu, form, button in (("MenuHelpEmail", "ConfigForm", "ComCancel"), ("MenuHelpAbout", "InitialForm", "Command1"),
+                                   ("MenuHelpTip", "TipForm", "cmdOK"), ("MenuFileOpen", "WizardForm", "ComCloseCancel"),
+                                   ("MenuFileOpenSite", "WizardForm", "ComCloseCancel"), ("MenuHelpStatus", "CodeForm", "ComClose")):
+            p.send("click", "CheckForm." + menu)
+            p.until(lambda: p.do("forms")["forms"][0]["name"] == form)
+            p.do("click", form + "." + button)
+        self.assertNotIn("has no widget", (self.scratch.root / "errors.txt").read_text())
+
     def test_resizing_keeps_everything_in_the_window(self):
         p = self.start()
         for width, height in ((1100, 700), (760, 520)):

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -272,6 +273,27 @@ TEST_F(Windows, EnterPressesTheDefaultButtonFromATextBox) {
     Show();
     driver.Press(box, Key::Enter);
     EXPECT_EQ(log, std::vector<std::string>{"default"});
+}
+
+TEST_F(Windows, AssistiveToolsSeeTheRowsOfAList) {
+    several.SetSelected(1, true);
+    several.SetListIndex(2);
+    Show();
+    auto* view = WidgetOf<ListView>(several);
+    view->setAccessibleName("Links");
+    const QAccessibleInterface* list = QAccessible::queryAccessibleInterface(view);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), "Links");
+    ASSERT_EQ(list->childCount(), 3);
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "b");
+    EXPECT_TRUE(list->child(1)->state().checked);
+    EXPECT_FALSE(list->child(0)->state().checked);
+    EXPECT_EQ(list->child(3), nullptr);
+    const QRect place = list->child(2)->rect();
+    EXPECT_EQ(list->indexOfChild(list->childAt(place.center().x(), place.center().y())), 2);
+    several.RemoveItem(0);
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "c");
 }
 
 TEST_F(Windows, PasswordsAreMasked) {
