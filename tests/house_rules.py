@@ -25,7 +25,7 @@ MAY_INCLUDE["localmode"] = MAY_INCLUDE["check"]
 SUBSYSTEMS = set(MAY_INCLUDE)
 MAY_INCLUDE["program"] = SUBSYSTEMS | {"platform/linux"}
 MAY_INCLUDE["automation"] = BASE | {"program"}
-MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "mail"}
+MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "check", "mail"}
 MAY_INCLUDE["apps"] = SUBSYSTEMS | {"program", "automation", "desktop", "platform/linux"}
 
 QT = re.compile(r"^Q[A-Z]|^Qt[A-Z]")

@@ -28,7 +28,7 @@ bool ListBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched != view_->viewport()) return Binder::eventFilter(watched, event);
     if (event->type() == QEvent::MouseMove)
         if (auto* list = Live<ListBox>()) list->MouseMove();
-    return QObject::eventFilter(watched, event);
+    return false;
 }
 
 }  // namespace qv
