@@ -1,7 +1,6 @@
 #include "check/link_check_run.h"
 
 #include "check/link_rules.h"
-#include "extract/url_text.h"
 #include "text/basic_text.h"
 
 namespace qv {
@@ -13,26 +12,6 @@ constexpr std::chrono::milliseconds kLatestCheckpoint{100};
 constexpr int kRowsBetweenCheckpoints = 10;
 
 }  // namespace
-
-LinkFlag& LinkCheckRun::FlagOfRow(int row) {
-    LinkTable& links = p_.session.Links;
-    const std::int32_t link = p_.window.List1.ItemData(row);
-    return links.LinkFlags[static_cast<std::size_t>(links.Has(link) ? link : 0)];
-}
-
-void LinkCheckRun::MarkRowChecking(int row) {
-    LinkFlag& flag = FlagOfRow(row);
-    flag.Mark = 'X';
-    flag.SetStatus(status::kChecking);
-    p_.rows.RefreshLinkRow(row);
-}
-
-void LinkCheckRun::WriteRowStatus(int row, const std::string& status) {
-    LinkFlag& flag = FlagOfRow(row);
-    if (Trim(status) != "STOP") flag.Mark = ' ';
-    flag.SetStatus(status);
-    p_.rows.RefreshLinkRow(row);
-}
 
 void LinkCheckRun::ComStart_Click() {
     if (p_.flags.CheckRunning != 0) return;
@@ -87,7 +66,7 @@ void LinkCheckRun::CheckDocument() {
 bool LinkCheckRun::CheckRow(int row) {
     CheckForm& w = p_.window;
     w.List1.SetListIndex(row);
-    MarkRowChecking(row);
+    p_.rows.MarkRowChecking(row);
     p_.loop.YieldIfDue();
     p_.flags.TransferDone = kClear;
     p_.flags.HeaderBuffer.clear();
@@ -105,8 +84,8 @@ bool LinkCheckRun::CheckRow(int row) {
                                               .remoteLinksNotChecked = p_.settings.RemoteLinksNotChecked != 0});
     switch (decision.road) {
         case LinkRoad::Settled: Settle(row, decision.status); return true;
-        case LinkRoad::Ftp: ProbeFtp(probe); break;
-        case LinkRoad::LocalFile: ProbeFile(probe, path); break;
+        case LinkRoad::Ftp: p_.ftpProbe.Run(probe, FtpProbe::Kind::Run); break;
+        case LinkRoad::LocalFile: p_.fileProbe.Run(probe, path, FileProbe::Path::Decoded); break;
         case LinkRoad::Http: p_.httpProbe.Run(probe); break;
     }
     return Judge(row, probe);
@@ -116,30 +95,8 @@ void LinkCheckRun::Settle(int row, const char* status) {
     p_.window.List1.SetSelected(row, false);
     p_.loop.YieldIfDue();
     ++GoodCount_;
-    WriteRowStatus(row, status);
+    p_.rows.WriteRowStatus(row, status);
     CountProgress();
-}
-
-void LinkCheckRun::ProbeFile(LinkProbe& probe, const std::string& path) {
-    p_.http.SetURL(probe.url);
-    probe.url = p_.steps.RepairCommaHost(probe.url);
-    p_.steps.FixScheme();
-    p_.flags.Clear();
-    p_.steps.ArmWatchdog(false);
-    probe.deadline = p_.steps.Now() + p_.settings.HttpTimeout;
-    std::string decoded = path;
-    PercentDecode(decoded);
-    if (!p_.files.FileExists(decoded)) p_.flags.LastErrorNumber = kErrorFileMissing;
-    p_.flags.TransferDone = kSet;
-}
-
-void LinkCheckRun::ProbeFtp(LinkProbe& probe) {
-    p_.flags.Clear();
-    probe.deadline = p_.steps.Now() + p_.settings.FtpTimeout;
-    if (FtpProbe)
-        FtpProbe(probe);
-    else
-        p_.flags.Set(kErrorOther, "FTP not supported");
 }
 
 bool LinkCheckRun::Judge(int row, LinkProbe& probe) {
@@ -150,11 +107,11 @@ bool LinkCheckRun::Judge(int row, LinkProbe& probe) {
     if (p_.flags.StopRequested != 0) {
         RunStopped_ = true;
         p_.flags.EnterpriseAbort = kSet;
-        WriteRowStatus(row, status::kStopped);
+        p_.rows.WriteRowStatus(row, status::kStopped);
         return false;
     }
     if (p_.flags.SkipRequested != 0) {
-        WriteRowStatus(row, status::kSkipped);
+        p_.rows.WriteRowStatus(row, status::kSkipped);
         list.SetSelected(row, true);  // the row stays highlighted until the list is filled again
     } else {
         const Judgement judged = JudgeOutcome({.lastErrorNumber = p_.flags.LastErrorNumber,
@@ -171,7 +128,7 @@ bool LinkCheckRun::Judge(int row, LinkProbe& probe) {
         ++(judged.good ? GoodCount_ : QuestionableCount_);
         if (judged.good) p_.session.Good.Add(probe.url);
         list.SetSelected(row, false);
-        WriteRowStatus(row, judged.status);
+        p_.rows.WriteRowStatus(row, judged.status);
         p_.flags.LastErrorNumber = 0;
     }
     CountProgress();
@@ -197,16 +154,10 @@ void LinkCheckRun::CheckpointIfDue(int row) {
     }
 }
 
-// Writes the links of the document at hand. The cache file is found by the address, not by the selection.
 void LinkCheckRun::SaveDocument() {
     if (lateCheckpoint_ != 0) p_.loop.StopTimer(lateCheckpoint_);
     lateCheckpoint_ = 0;
-    const ListBox& documents = p_.window.txtFileName;
-    for (int i = 0; i < documents.Count(); ++i) {
-        if (documents.Text(i) != p_.session.CurrentDocumentUrl) continue;
-        p_.store.SaveLinkList(documents.ItemData(i));
-        return;
-    }
+    p_.rows.SaveDocument();
 }
 
 void LinkCheckRun::SaveIfRunning() {

@@ -4,12 +4,13 @@
 #include <functional>
 #include <string>
 
+#include "check/file_probe.h"
+#include "check/ftp_probe.h"
 #include "check/http_probe.h"
+#include "check/row_status.h"
 #include "mainwindow/check_form.h"
 #include "mainwindow/window_rules.h"
-#include "platform/files.h"
 #include "session/document_store.h"
-#include "session/link_rows.h"
 #include "session/session.h"
 
 namespace qv {
@@ -23,12 +24,13 @@ class LinkCheckRun {
         Settings& settings;
         RunFlags& flags;
         DocumentStore& store;
-        LinkRows& rows;
         HTTP1& http;
         HttpSession& steps;
         HttpProbe& httpProbe;
+        FtpProbe& ftpProbe;
+        FileProbe& fileProbe;
+        RowStatus& rows;
         EventLoop& loop;
-        Files& files;
     };
     explicit LinkCheckRun(Parts parts) : p_(parts) {}
 
@@ -38,7 +40,6 @@ class LinkCheckRun {
 
     std::function<void()> txtFileName_Click;                    // shows the selected document's rows anew
     std::function<bool()> CompanionRunning;                     // whether the companion has its window open
-    std::function<void(LinkProbe& probe)> FtpProbe;             // asks an "ftp:" link
     std::function<void(std::string& errorText)> CreateReports;  // the automatic reports at the end
     std::function<void()> RowJudged;                            // after each row, for a progress line
 
@@ -54,12 +55,7 @@ class LinkCheckRun {
     void CheckDocument();
     bool CheckRow(int row);  // false: the run was stopped
     void Settle(int row, const char* status);
-    void ProbeFile(LinkProbe& probe, const std::string& path);
-    void ProbeFtp(LinkProbe& probe);
     bool Judge(int row, LinkProbe& probe);
-    void WriteRowStatus(int row, const std::string& status);
-    void MarkRowChecking(int row);
-    LinkFlag& FlagOfRow(int row);
     void CheckpointIfDue(int row);
     void SaveDocument();
     void CountProgress();

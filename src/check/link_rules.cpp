@@ -27,6 +27,7 @@ Judgement JudgeReply(const ProbeOutcome& probe) {
         const std::string letters(probe.lastErrorText.substr(0, 3));
         return {"FT" + letters + std::string(4 - letters.size(), ' '), false};
     }
+    if (code == "200" && probe.failed200IsBlank) return {std::string(6, ' '), false};
     if (code == "200" || Trim(probe.replyText).empty()) return GoodResult(probe);
     return {padded, false};
 }

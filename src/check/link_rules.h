@@ -54,6 +54,7 @@ struct ProbeOutcome {
     bool redirectSeen = false;
     bool followRedirects = false;
     bool persistentRedirectsOk = false;
+    bool failed200IsBlank = false;  // a failure with a reply of "200" leaves the status blank, instead of being good
 };
 struct Judgement {
     std::string status;  // six characters

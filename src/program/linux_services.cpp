@@ -10,7 +10,7 @@ LinuxServices::LinuxServices(EventLoop& loop, const std::string& appPath) : loop
 }
 
 ProgramServices LinuxServices::Services(std::string commandLine) {
-    return {loop_, clock_, files_, http_, ipInfo_, store_, programs_, timers_, flags_, places_, std::move(commandLine)};
+    return {loop_, clock_, files_, http_, ftp_, ipInfo_, store_, programs_, timers_, flags_, places_, std::move(commandLine)};
 }
 
 }  // namespace qv

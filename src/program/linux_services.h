@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/event_loop.h"
+#include "platform/linux/curl_ftp1.h"
 #include "platform/linux/curl_http1.h"
 #include "platform/linux/ini_settings_store.h"
 #include "platform/linux/resolver_ip_info1.h"
@@ -29,6 +30,7 @@ class LinuxServices {
     SystemFiles files_;
     RunFlags flags_;
     CurlHttp1 http_{loop_, flags_};
+    CurlFtp1 ftp_{loop_, flags_};
     ResolverIpInfo1 ipInfo_{loop_, flags_};
     IniSettingsStore store_{files_, UserSettingsPath()};
     SystemPrograms programs_{files_};

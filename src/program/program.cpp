@@ -3,6 +3,7 @@
 #include "check/code_form.h"
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
+#include "check/link_recheck.h"
 #include "extract/hyperlink_importer.h"
 #include "localmode/local_document_open.h"
 #include "mail/config_form.h"
@@ -68,8 +69,13 @@ struct Program::House {
                                services.loop, services.files, services.programs}};
     LocalDocumentOpen localDocument{{window, rules, session, settings, flags, services.http, importer, documentOpen}};
     HttpProbe httpProbe{window, settings, flags, services.http, steps, services.loop};
-    LinkCheckRun checkRun{
-        {window, rules, session, settings, flags, store, rows, services.http, steps, httpProbe, services.loop, services.files}};
+    FtpProbe ftpProbe{settings, flags, services.http, services.ftp, steps};
+    FileProbe fileProbe{settings, flags, services.http, steps, services.files};
+    RowStatus rowStatus{window, session, store, rows};
+    LinkCheckRun checkRun{{window, rules, session, settings, flags, store, services.http, steps, httpProbe, ftpProbe, fileProbe,
+                           rowStatus, services.loop}};
+    LinkRecheck recheck{{window, rules, session, settings, flags, services.http, steps, httpProbe, ftpProbe, fileProbe, rowStatus,
+                         services.loop}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
     SessionCommands sessionCommands{
         {window, rules, session, settings, flags, store, services.files, services.http, sites, loader}};
@@ -78,7 +84,7 @@ struct Program::House {
     ModeCommands modes{window, rules, session, settings};
     SpinButtons spin{window, flags, services.loop};
     StartUp startUp{{windows, window, initialForm, rules, session, settings, mail, flags, store, preferences, sites,
-                     services.files, services.http, services.ipInfo, services.loop, services.clock, services.places,
+                     services.files, services.http, services.ftp, services.ipInfo, services.loop, services.clock, services.places,
                      services.commandLine}};
 };
 
@@ -172,6 +178,7 @@ void Program::House::ConnectCommands() {
     window.MenuViewReload.Click = window.ToolDocReopen.Click = [this] { documentCommands.MenuViewReload_Click(); };
     window.MenuViewSource.Click = window.ToolDocSource.Click = [this] { documentCommands.MenuViewSource_Click(); };
     window.MenuViewDelete.Click = window.ToolDocDelete.Click = [this] { documentCommands.MenuViewDelete_Click(); };
+    window.MenuLinkRecheck.Click = window.ToolLinkCheck.Click = [this] { recheck.MenuLinkRecheck_Click(); };
     window.MenuLinkOpen.Click = [this] { documentCommands.MenuLinkOpen_Click(); };
 
     window.MenuFileNormalMode.Click = window.ToolInterMode.Click = normalMode;

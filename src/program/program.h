@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ftp1.h"
 #include "platform/http1.h"
 #include "platform/ip_info1.h"
 #include "platform/programs.h"
@@ -27,6 +28,7 @@ struct ProgramServices {
     Clock& clock;
     Files& files;
     HTTP1& http;
+    FTP1& ftp;
     IPInfo1& ipInfo;
     SettingsStore& store;
     Programs& programs;

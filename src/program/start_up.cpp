@@ -110,6 +110,7 @@ void StartUp::CheckForm_Activate() {
     if (p_.session.MainWindowShown != 0) return;
     p_.session.MainWindowShown = kSet;
     p_.http.NetworkReady = true;
+    p_.ftp.NetworkReady = true;
     p_.ipInfo.NetworkReady = true;
     if (Unattended()) {
         if (AutomaticStart) AutomaticStart();

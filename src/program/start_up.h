@@ -11,6 +11,7 @@
 #include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ftp1.h"
 #include "platform/http1.h"
 #include "platform/ip_info1.h"
 #include "session/document_store.h"
@@ -37,6 +38,7 @@ class StartUp {
         SiteDatabase& sites;
         Files& files;
         HTTP1& http;
+        FTP1& ftp;
         IPInfo1& ipInfo;
         EventLoop& loop;
         Clock& clock;

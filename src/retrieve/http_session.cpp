@@ -186,10 +186,10 @@ void HttpSession::Request(HTTP1::ActionCode action) {
     p_.http.SetAction(action);
 }
 
-void HttpSession::ProbeWait(double deadline, const Lookup& lookup) {
+void HttpSession::ProbeWait(double deadline, const Lookup& lookup, bool heedSkip) {
     const RunFlags& f = p_.flags;
     while (f.TransferDone == 0 && !Passed(deadline) && lookup.errorText.empty() && f.LastErrorNumber == 0 &&
-           f.StopRequested == 0 && f.SkipRequested == 0)
+           f.StopRequested == 0 && (f.SkipRequested == 0 || !heedSkip))
         SleepUntil(deadline);
 }
 

@@ -66,7 +66,8 @@ class HttpSession {
     bool Passed(double deadline) const { return Now() > deadline; }
     // Sleeps until something happens, at most until the deadline.
     void SleepUntil(double deadline);
-    void ProbeWait(double deadline, const Lookup& lookup);
+    // Waits for the end of a probe, at most until the deadline; a Skip ends the wait unless it isn't heeded.
+    void ProbeWait(double deadline, const Lookup& lookup, bool heedSkip = true);
 
     bool OpenBodyFile();  // document.htm, emptied
     void CloseBodyFile() { bodyFile_.reset(); }

@@ -5,8 +5,10 @@
 
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
+#include "check/link_recheck.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_files.h"
+#include "fakes/fake_ftp1.h"
 #include "fakes/fake_http1.h"
 #include "fakes/fake_ip_info1.h"
 #include "fakes/fake_loop.h"
@@ -71,7 +73,14 @@ struct CheckWorld : testing::Test, WindowListener {
     DocumentOpen documentOpen{
         {window, rules, session, settings, flags, store, rows, http, steps, importer, loop, files, programs}};
     HttpProbe httpProbe{window, settings, flags, http, steps, loop};
-    LinkCheckRun run{{window, rules, session, settings, flags, store, rows, http, steps, httpProbe, loop, files}};
+    FakeFtp1 ftp{flags};
+    FtpProbe ftpProbe{settings, flags, http, ftp, steps};
+    FileProbe fileProbe{settings, flags, http, steps, files};
+    RowStatus rowStatus{window, session, store, rows};
+    LinkCheckRun run{
+        {window, rules, session, settings, flags, store, http, steps, httpProbe, ftpProbe, fileProbe, rowStatus, loop}};
+    LinkRecheck recheck{
+        {window, rules, session, settings, flags, http, steps, httpProbe, ftpProbe, fileProbe, rowStatus, loop}};
     std::vector<std::string> messages;
 
     CheckWorld() {

@@ -100,6 +100,10 @@ TEST(Judging, CodesOfServers) {
 TEST(Judging, AFailureWithAReplyOf200IsGood) {
     EXPECT_EQ(StatusOf(Failed(1, "200 OK")), "OK    ");
     EXPECT_TRUE(JudgeOutcome(Failed(1, "200 OK")).good);
+    ProbeOutcome alone = Failed(1, "200 OK");
+    alone.failed200IsBlank = true;
+    EXPECT_EQ(JudgeOutcome(alone).status, "      ");
+    EXPECT_FALSE(JudgeOutcome(alone).good);
 }
 
 TEST(Judging, RedirectsThatStand) {
