@@ -21,11 +21,12 @@ MAY_INCLUDE = {
     "retrieve": BASE | {"session", "extract", "sitedb", "mainwindow"},
     "check": BASE | {"session", "extract", "sitedb", "mainwindow", "retrieve"},
 }
+MAY_INCLUDE["reports"] = MAY_INCLUDE["retrieve"]
 MAY_INCLUDE["localmode"] = MAY_INCLUDE["check"]
 SUBSYSTEMS = set(MAY_INCLUDE)
 MAY_INCLUDE["program"] = SUBSYSTEMS | {"platform/linux"}
 MAY_INCLUDE["automation"] = BASE | {"program"}
-MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "check", "mail"}
+MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "check", "mail", "reports"}
 MAY_INCLUDE["apps"] = SUBSYSTEMS | {"program", "automation", "desktop", "platform/linux"}
 
 QT = re.compile(r"^Q[A-Z]|^Qt[A-Z]")

@@ -23,6 +23,7 @@ void TextBox::Select(std::size_t start, std::size_t length) {
 
 void TextBox::EnterText(const std::string& text) {
     SetFocus();
+    if (readOnly_) return;
     SetText(text);
     KeyUp(Key::Character);
 }

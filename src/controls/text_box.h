@@ -27,6 +27,8 @@ class TextBox : public Control {
     void SetMasked(bool masked) { masked_ = masked; }
     bool MultiLine() const { return multiLine_; }
     void SetMultiLine(bool multiLine) { multiLine_ = multiLine; }
+    bool ReadOnly() const { return readOnly_; }  // a user can select and copy, and not change
+    void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
 
     Event Change, MouseDown;
 
@@ -36,6 +38,7 @@ class TextBox : public Control {
     std::size_t selectionLength_ = 0;
     bool masked_ = false;
     bool multiLine_ = false;
+    bool readOnly_ = false;
 };
 
 }  // namespace qv

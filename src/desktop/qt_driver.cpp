@@ -12,6 +12,7 @@
 
 #include "automation/state_json.h"
 #include "controls/menu.h"
+#include "controls/text_box.h"
 #include "desktop/list_binder.h"
 #include "desktop/mouse.h"
 #include "desktop/qt_text.h"
@@ -114,6 +115,7 @@ void QtDriver::EnterText(Control& box, const std::string& text) {
     QWidget* target = TargetOf(box);
     if (target == nullptr) return;
     FocusOn(box);
+    if (box.Kind() == ControlKind::TextBox && static_cast<TextBox&>(box).ReadOnly()) return;
     const QPointer<QWidget> alive(target);
     ReplaceText(*target, ToQt(text));
     if (alive) mouse::ReleaseKey(*target, Qt::Key_unknown, "");

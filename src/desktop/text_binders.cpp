@@ -19,6 +19,7 @@ int Width(const std::string& text, std::size_t bytes) {
 }  // namespace
 
 LineBinder::LineBinder(TextBox& box, QLineEdit* widget) : Binder(box, widget), line_(widget) {
+    line_->setReadOnly(box.ReadOnly());
     line_->setEchoMode(box.Masked() ? QLineEdit::Password : QLineEdit::Normal);
     connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (auto* live = Live<TextBox>()) live->SetText(FromQt(text));
@@ -67,6 +68,7 @@ void LineBinder::MousePressed() {
 
 PageBinder::PageBinder(TextBox& box, QPlainTextEdit* widget) : Binder(box, widget), page_(widget) {
     page_->setTabChangesFocus(true);
+    page_->setReadOnly(box.ReadOnly());
     connect(page_, &QPlainTextEdit::textChanged, this, [this] {
         auto* live = Live<TextBox>();
         if (live != nullptr && page_->toPlainText() != PageText(live->Text())) live->SetText(PageBytes(page_->toPlainText()));

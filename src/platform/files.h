@@ -52,6 +52,15 @@ class Files {
     // Names in a folder that fit a mask with "*" and "?", without regard to case, sorted bytewise; without "." and "..".
     virtual std::vector<std::string> List(const std::string& folder, const std::string& mask) const = 0;
 
+    // What a folder holds, sorted bytewise by name; without "." and "..". A link is what it leads to. On failure `entries` is empty.
+    struct Entry {
+        std::string name;
+        bool isFolder = false;
+    };
+    virtual FileResult ListFolder(const std::string& folder, std::vector<Entry>& entries) const = 0;
+    // A text that is the same for two paths of one folder; empty when there is no such folder.
+    virtual std::string FolderIdentity(const std::string& folder) const = 0;
+
     // The name as the folder lists it that equals `name` without regard to ASCII case, one of the same case first; `name`
     // itself when there is none. `folder` ends in a backslash.
     std::string RealName(const std::string& folder, const std::string& name) const;

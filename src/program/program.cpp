@@ -6,6 +6,7 @@
 #include "check/link_recheck.h"
 #include "extract/hyperlink_importer.h"
 #include "localmode/local_document_open.h"
+#include "localmode/local_site_open.h"
 #include "mail/config_form.h"
 #include "mail/mail_settings_file.h"
 #include "mainwindow/check_form.h"
@@ -19,8 +20,10 @@
 #include "mainwindow/tip_form.h"
 #include "mainwindow/window_rules.h"
 #include "program/start_up.h"
+#include "reports/report_form.h"
 #include "retrieve/document_open.h"
 #include "retrieve/http_session.h"
+#include "retrieve/site_open.h"
 #include "session/document_store.h"
 #include "session/link_rows.h"
 #include "sitedb/load_site_record.h"
@@ -38,7 +41,7 @@ struct Program::House {
     void ConnectWindow();
     void ConnectUnbuilt();
     void ShowWizard();
-    void Command1_Click();
+    void ConnectSites();
     void ShowConfigForm();
     void ShowTipForm();
     void ShowAbout();
@@ -76,6 +79,10 @@ struct Program::House {
                            rowStatus, services.loop}};
     LinkRecheck recheck{{window, rules, session, settings, flags, services.http, steps, httpProbe, ftpProbe, fileProbe, rowStatus,
                          services.loop}};
+    ReportForm reportForm{{windows, session, flags, window.txtFileName, window.StatusBar1}};
+    SiteOpen siteOpen{{window, rules, session, settings, flags, store, services.http, steps, services.files}};
+    LocalSiteOpen localSite{
+        {window, rules, session, settings, flags, store, services.http, steps, services.loop, services.files}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
     SessionCommands sessionCommands{
         {window, rules, session, settings, flags, store, services.files, services.http, sites, loader}};
@@ -93,6 +100,7 @@ Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
     window.Timer2.Use(&services.timers);
     window.Timer2.SetInterval(150);
     ConnectCommands();
+    ConnectSites();
     ConnectWindow();
     ConnectUnbuilt();
 }
@@ -101,16 +109,6 @@ void Program::House::ShowWizard() {
     WizardForm wizard({windows, services.files, session, settings, flags, mail, preferences, sites, loader, window.TextFileName,
                        window.txtFileName});
     windows.ShowModal(wizard);
-}
-
-// The entry of a site is picked and put in force. Walking the site isn't in this version.
-void Program::House::Command1_Click() {
-    settings.EntryIsSite = kSet;
-    session.WizardCancelled = kClear;
-    ShowWizard();
-    if (session.WizardCancelled != 0) return;
-    window.TextFileName.SetText(session.SiteUrl + session.SiteFileName);
-    window.StatusBar1.SetText("Checking a whole site isn't in this version.");
 }
 
 void Program::House::ShowConfigForm() {
@@ -170,10 +168,8 @@ void Program::House::ConnectCommands() {
     documentCommands.OpenLocalDocument = openLocal;
     documentOpen.OpenLocalDocument = openLocal;
     sessionCommands.OpenLocalDocument = openLocal;
-    selection.Command1_Click = [this] { Command1_Click(); };
     spin.FindQuestionableDocument = [this](std::int16_t direction) { marks.FindQuestionableDocument(direction); };
 
-    window.Command1.Click = window.MenuFileOpenSite.Click = [this] { Command1_Click(); };
     window.ComHide.Click = window.MenuLinkHide.Click = window.ToolLinkQuest.Click = hide;
     window.MenuViewReload.Click = window.ToolDocReopen.Click = [this] { documentCommands.MenuViewReload_Click(); };
     window.MenuViewSource.Click = window.ToolDocSource.Click = [this] { documentCommands.MenuViewSource_Click(); };
@@ -198,6 +194,27 @@ void Program::House::ConnectCommands() {
     window.ComStart.Click = [this] { checkRun.ComStart_Click(); };
     window.ComStop.Click = [this] { checkRun.ComStop_Click(); };
     window.ComSkip.Click = [this] { checkRun.ComSkip_Click(); };
+}
+
+// The walks through a site, on the Internet and in a folder. They tell of themselves in the log's window.
+void Program::House::ConnectSites() {
+    const auto showLog = [this] { windows.Show(reportForm); };
+    const auto unloadLog = [this] { windows.Unload(reportForm); };
+    const auto check = [this] { checkRun.ComStart_Click(); };
+    const auto showDocument = [this] { selection.txtFileName_Click(); };
+    siteOpen.ShowWizard = localSite.ShowWizard = [this] { ShowWizard(); };
+    siteOpen.MenuFileNew_Click = localSite.MenuFileNew_Click = [this] { sessionCommands.MenuFileNew_Click(); };
+    siteOpen.ComOpen_Click = [this] { documentOpen.ComOpen_Click(); };
+    localSite.OpenLocalDocument = [this](const std::string& path, const std::string& url) {
+        localDocument.OpenLocalDocument(path, url);
+    };
+    siteOpen.ComStart_Click = localSite.ComStart_Click = check;
+    siteOpen.txtFileName_Click = localSite.txtFileName_Click = showDocument;
+    siteOpen.ShowReportForm = localSite.ShowReportForm = showLog;
+    siteOpen.UnloadReportForm = localSite.UnloadReportForm = unloadLog;
+    siteOpen.OpenLocalWebSite = [this] { localSite.OpenLocalWebSite(); };
+    selection.Command1_Click = [this] { siteOpen.Command1_Click(); };
+    window.Command1.Click = window.MenuFileOpenSite.Click = [this] { siteOpen.Command1_Click(); };
 }
 
 void Program::House::ConnectWindow() {

@@ -86,6 +86,17 @@ std::string CheckDomainOrIP(const std::string& root, const std::string& host) {
     return IsNumericHost(pair->left) == rootIsNumeric ? pair->left : std::string(Trim(pair->right));
 }
 
+bool CheckCommaDelimited(const std::string& root, const std::string& url) {
+    const std::string server = SplitUrl(url).Server;
+    return SplitCommaHost(Lower(server)) && CheckDomainOrIP(root, server) == SplitUrl(root).Server;
+}
+
+std::string RootOfSite(std::string_view scheme, std::string_view server, int port, std::string_view path) {
+    const auto slash = path.rfind('/');
+    return std::string(scheme) + "://" + std::string(server) + PortSuffix(port) +
+           (slash == std::string_view::npos ? "/" : std::string(path.substr(0, slash + 1)));
+}
+
 std::optional<std::string> ParseRedirect(const std::string& headers, const RedirectBase& from) {
     const auto start = FindLocation(Lower(headers));
     if (!start) return std::nullopt;

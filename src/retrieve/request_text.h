@@ -39,6 +39,12 @@ bool IsNumericHost(std::string_view host);
 // host as it stands.
 std::string CheckDomainOrIP(const std::string& root, const std::string& host);
 
+// Whether an address names its server by such a list, and the list's part of the root's kind equals the root's server.
+bool CheckCommaDelimited(const std::string& root, const std::string& url);
+
+// The part of an address up to and including the last "/" of its path: "http://host:81/a/".
+std::string RootOfSite(std::string_view scheme, std::string_view server, int port, std::string_view path);
+
 // Where a reply sends to. `headers` are "Field: value" lines closed by CR LF.
 struct RedirectBase {
     std::string scheme;

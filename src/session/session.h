@@ -44,6 +44,7 @@ struct Session : DocumentHeader {
 
     std::string LogText;  // the log of the operation; its entries end in two line breaks
     std::string LogTitle;
+    Flag ReportFormOpen = kClear;  // the window that shows it is loaded
 };
 
 // Flags and values of the operation that runs.

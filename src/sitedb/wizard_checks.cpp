@@ -185,6 +185,8 @@ void WizardForm::StoreEntry() {
         ComApply.SetEnabled(false);
     } else {
         MakeCurrentQuietly(number);
+        // An entry that was typed while no entry was on the form keeps its settings: the fields hold none to store.
+        if (!shown_) Text1_Click();
     }
     ComApply.SetCaption("Apply Changes");
     p_.sites.WriteAll(records_);

@@ -201,6 +201,7 @@ class WizardForm : public Form {
     Parts p_;
     std::vector<SiteRecord> records_;  // the working array; record n is element n - 1
     bool opened_ = false;              // left by Open
+    bool shown_ = false;               // the fields are those of an entry
 };
 
 // Splits an address into its path, up to and including its last "/", and the file behind that. A bare host gets a "/".

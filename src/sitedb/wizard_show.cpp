@@ -15,6 +15,7 @@ void WizardForm::Text1_Click() {
     if (p_.flags.IgnoreControlEvents != 0) return;
     SiteRecord* record = CurrentRecord();
     if (record == nullptr) return;
+    shown_ = true;
     p_.flags.IgnoreControlEvents = kSet;
     if (ComApply.Caption() == "&Add") {
         ComApply.SetCaption("&Apply Changes");

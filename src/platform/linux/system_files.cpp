@@ -177,4 +177,27 @@ std::vector<std::string> SystemFiles::List(const std::string& folder, const std:
     return names;
 }
 
+FileResult SystemFiles::ListFolder(const std::string& folder, std::vector<Entry>& entries) const {
+    entries.clear();
+    if (HasNul(folder)) return Failure(ENOENT);
+    DIR* opened = opendir(NativePath(folder).c_str());
+    if (opened == nullptr) return Failure(errno);
+    while (const dirent* entry = readdir(opened)) {
+        const std::string name = entry->d_name;
+        if (name == "." || name == "..") continue;
+        struct stat status {};
+        const bool known = fstatat(dirfd(opened), entry->d_name, &status, 0) == 0;
+        entries.push_back({name, known && S_ISDIR(status.st_mode)});
+    }
+    closedir(opened);
+    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
+    return {};
+}
+
+std::string SystemFiles::FolderIdentity(const std::string& folder) const {
+    struct stat status {};
+    if (!Status(folder, status) || !S_ISDIR(status.st_mode)) return "";
+    return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+}
+
 }  // namespace qv

@@ -17,6 +17,8 @@ class SystemFiles : public Files {
     bool Remove(const std::string& path) override;
     bool Rename(const std::string& from, const std::string& to) override;
     bool MakeFolder(const std::string& path) override;
+    FileResult ListFolder(const std::string& folder, std::vector<Entry>& entries) const override;
+    std::string FolderIdentity(const std::string& folder) const override;
     std::vector<std::string> List(const std::string& folder, const std::string& mask) const override;
 };
 

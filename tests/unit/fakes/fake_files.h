@@ -65,7 +65,26 @@ class FakeFiles : public Files {
         return names;
     }
 
+    FileResult ListFolder(const std::string& folder, std::vector<Entry>& entries) const override {
+        entries.clear();
+        const std::string bare = Bare(folder) + "\\";
+        if (unreadable.count(Bare(folder)) != 0) return {false, "Permission denied"};
+        std::map<std::string, bool> found;
+        for (const auto& [path, bytes] : files) {
+            if (path.compare(0, bare.size(), bare) != 0) continue;
+            const auto end = path.find('\\', bare.size());
+            found[path.substr(bare.size(), end == std::string::npos ? end : end - bare.size())] = end != std::string::npos;
+        }
+        for (const auto& [name, isFolder] : found) entries.push_back({name, isFolder});
+        return {};
+    }
+    std::string FolderIdentity(const std::string& folder) const override {
+        const auto same = sameFolder.find(Bare(folder));
+        return same == sameFolder.end() ? Bare(folder) : same->second;
+    }
+
     std::set<std::string> unreadable;
+    std::map<std::string, std::string> sameFolder;  // a folder that is another one under a second name
 
    private:
     class Appender : public FileAppender {
