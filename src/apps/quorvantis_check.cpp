@@ -8,8 +8,15 @@
 
 int main(int argc, char** argv) {
     qv::CheckOptions options;
-    CLI::App app{"Checks the links of a Web page and prints the questionable ones.", "quorvantis-check"};
+    CLI::App app{"Checks the links of a Web page or a Web site and prints the questionable ones.", "quorvantis-check"};
     app.add_option("ADDRESS", options.address, "the page, http://host/path")->required();
+    app.add_flag("--site", options.site, "walk the whole site that the page belongs to");
+    app.add_option("--local", options.local, "a folder that mirrors the site: its files are read instead");
+    app.add_option("--walk", options.walk, "of a local site: linked documents, all of the folder, or of the whole tree")
+        ->check(CLI::IsMember({"linked", "folder", "tree"}));
+    app.add_option("--types", options.types, "extensions of documents to open, parted by blanks");
+    app.add_option("--ignore-open", options.ignoreOpen, "path fragments of documents to leave out, parted by blanks");
+    app.add_option("--ignore-text", options.ignoreText, "leave out documents that hold this text");
     app.add_flag("--images", options.images, "check images, sounds and the like too");
     app.add_flag("--javascript", options.javascript, "list JavaScript links too");
     app.add_flag("--no-redirects", options.noRedirects, "don't follow redirects of links");
@@ -20,6 +27,7 @@ int main(int argc, char** argv) {
     app.add_option("--proxy", options.proxy, "HOST:PORT of a proxy");
     app.add_option("--user", options.user, "NAME:PASSWORD for the page's own host");
     app.add_option("--home", options.home, "keep the session in this folder");
+    app.add_flag("--resume", options.resume, "go on with a site that was stopped (with --home)");
     app.add_flag("--list-all", options.listAll, "print the good links too");
     try {
         app.parse(argc, argv);

@@ -184,7 +184,6 @@ bool LocalSiteOpen::OpenEntry(Walk& walk, std::size_t entry) {
     walk.Opened.Add(url);
     p_.window.TextFileName.SetText(url);
     OpenLocalDocument(walk.Work.Path(entry), url);
-    p_.loop.Yield();
     if (p_.flags.SiteOpenHalted != 0) return false;
     TakeLinks(walk, false);
     const std::string documents = PrintForm(p_.window.txtFileName.Count());

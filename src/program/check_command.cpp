@@ -13,6 +13,8 @@
 #include "program/linux_services.h"
 #include "program/program.h"
 #include "session/link_rows.h"
+#include "session/partial_site.h"
+#include "sitedb/wizard_form.h"
 #include "text/basic_text.h"
 #include "text/numbers.h"
 
@@ -26,13 +28,16 @@ class TerminalWindows : public WindowListener {
     void FormShown(Form&) override {}
     void FormClosed(const Form&) override {}
     void MessageShown(const MessageRequest& request) override {
-        ClearProgress();
-        std::fprintf(stderr, "%s\n", request.text.c_str());
+        if (!request.question) Tell(request.text);
         windows_.Answer(request.defaultButton);
     }
     void DialogShown(const FileDialogRequest&) override { windows_.Answer(std::nullopt); }
     void Beeped() override {}
 
+    void Tell(const std::string& text) {
+        ClearProgress();
+        std::fprintf(stderr, "%s\n", std::string(Trim(text)).c_str());
+    }
     void Progress(const std::string& text) {
         if (!IsTerminal(stderr)) return;
         std::fprintf(stderr, "\r\033[K%s", text.substr(0, 100).c_str());
@@ -55,6 +60,15 @@ void ApplyOptions(const CheckOptions& options, Settings& s) {
     s.CheckFtpLinks = FlagOf(!options.noFtp);
     s.HttpTimeout = s.FtpTimeout = static_cast<float>(options.timeout);
     s.UserAgent = options.userAgent;
+    if (!options.local.empty()) s.ProgramMode = kLocalMode;
+    s.SiteOpenMode = static_cast<std::int16_t>(options.walk == "tree" ? 2 : options.walk == "folder" ? 1 : 0);
+    s.AutoCheckLinks = kClear;  // the check follows in any case
+    if (!options.types.empty()) s.DocumentTypes = BetweenBlanks(options.types);
+    if (!options.ignoreOpen.empty()) {
+        s.IgnoreOpenPaths = BetweenBlanks(options.ignoreOpen);
+        s.IgnoreOpenPathList = SplitBlankList(s.IgnoreOpenPaths);
+    }
+    if (!options.ignoreText.empty()) s.IgnoreTextList.push_back(options.ignoreText);
     if (!options.ignoreLinks.empty()) {
         s.IgnoreLinkPaths = BetweenBlanks(options.ignoreLinks);
         s.IgnoreLinkPathList = SplitBlankList(s.IgnoreLinkPaths);
@@ -78,30 +92,73 @@ bool IsQuestionable(std::string_view status, const Settings& settings) {
     return !IsHiddenStatus(status, settings.PersistentRedirectsOk != 0 && settings.FollowRedirects != 0);
 }
 
+// The rows of the document that is selected. A document of a site without a row to print isn't named.
 void PrintRows(const CheckOptions& options, Program& program) {
     const LinkTable& links = program.SharedSession().Links;
-    std::printf("%s\n", program.SharedSession().CurrentDocumentUrl.c_str());
+    const std::string& address = program.SharedSession().CurrentDocumentUrl;
+    bool named = !options.site;
+    if (named) std::printf("%s\n", address.c_str());
     for (std::size_t i = 1; i < links.LinkTexts.size(); ++i) {
         const LinkFlag& flag = links.LinkFlags[i];
         if (!options.listAll && !IsQuestionable(flag.TrimmedStatus(), program.SharedSettings())) continue;
+        if (!named) std::printf("%s\n", address.c_str());
+        named = true;
         std::printf("  %s %s  %s\n", flag.Status.c_str(), links.LinkUrls[i].c_str(), links.LinkTexts[i].c_str());
     }
 }
 
-int Check(const CheckOptions& options, Program& program, TerminalWindows& terminal, bool& interrupted) {
+void PrintDocuments(const CheckOptions& options, Program& program) {
+    ListBox& documents = program.MainWindow().txtFileName;
+    for (int document = 0; document < documents.Count(); ++document) {
+        documents.SetListIndex(document);
+        PrintRows(options, program);
+    }
+}
+
+// The file of the home page of a mirror whose address names none.
+std::string HomePage(const Files& files, const std::string& folder) {
+    for (const char* name : {"index.html", "index.htm"})
+        if (files.FileExists(folder + name)) return name;
+    return "index.html";
+}
+
+Program::QuietEntry EntryOf(const CheckOptions& options, const Files& files) {
+    Program::QuietEntry entry;
+    GetFileName(options.address, entry.siteUrl, entry.fileName);
+    if (options.local.empty()) return entry;
+    entry.folder = PathText(options.local);
+    if (!EndsWith(entry.folder, "\\")) entry.folder += "\\";
+    if (entry.fileName.empty()) entry.fileName = HomePage(files, entry.folder);
+    return entry;
+}
+
+void Open(const CheckOptions& options, const Files& files, Program& program) {
+    const Program::QuietEntry entry = EntryOf(options, files);
+    const bool partial = HasPartialSite(files, program.SharedSession().AppPath + "cache\\");
+    if (options.resume && program.MainWindow().txtFileName.Count() > 0 && !partial) return;  // the walk was at its end
+    if (options.site)
+        program.OpenSite(entry);
+    else
+        program.OpenDocument(entry);
+}
+
+int Check(const CheckOptions& options, const Files& files, Program& program, TerminalWindows& terminal, bool& interrupted) {
     CheckForm& window = program.MainWindow();
     terminal.Progress("Opening " + options.address);
-    program.OpenDocument(options.address);
-    if (interrupted) return kExitStopped;
-    if (window.txtFileName.Count() == 0) return kExitNotOpened;
+    Open(options, files, program);
+    if (window.txtFileName.Count() == 0) {
+        if (!interrupted) terminal.Tell(program.SharedSession().LogText);
+        return interrupted ? kExitStopped : kExitNotOpened;
+    }
     program.CheckRun().RowJudged = [&] {
         terminal.Progress(std::to_string(window.ProgressBar1.Value()) + " of " + std::to_string(window.ProgressBar1.Max()) +
                           "  " + window.StatusBar1.Text());
     };
-    window.ComStart.Click();
+    if (!interrupted) window.ComStart.Click();
     terminal.ClearProgress();
-    PrintRows(options, program);
-    std::printf("%s\n", window.LabelInd.Caption().c_str());
+    const std::string closingLine = window.LabelInd.Caption();
+    PrintDocuments(options, program);
+    std::printf("%s\n", closingLine.c_str());
     if (program.CheckRun().RunStopped() || interrupted) return kExitStopped;
     return program.CheckRun().QuestionableCount() == 0 ? kExitNothingQuestionable : kExitQuestionable;
 }
@@ -117,9 +174,10 @@ int RunCheckCommand(const CheckOptions& options) {
     const bool keep = !options.home.empty();
     PollLoop loop;
     LinuxServices world(loop, PathText(keep ? options.home : scratch.NativePath()));
+    world.LeaveOutPauses();
     Program program(world.Services(""));
     TerminalWindows terminal(program.Windows());
-    program.StartQuietly();
+    program.StartQuietly(options.resume);
     ApplyOptions(options, program.SharedSettings());
     program.SharedSession().SiteHost = Lower(SplitUrl(options.address).Server);
     bool interrupted = false;
@@ -128,10 +186,12 @@ int RunCheckCommand(const CheckOptions& options) {
         CheckForm& window = program.MainWindow();
         if (window.ComStop.Enabled())
             window.ComStop.Click();
+        else if (window.Command1.Caption() != kCaptionCheckSite)
+            window.Command1.Click();
         else if (window.ComOpen.Caption() == kCaptionCancelDocument)
             window.ComOpen.Click();
     });
-    const int status = Check(options, program, terminal, interrupted);
+    const int status = Check(options, world.FileSystem(), program, terminal, interrupted);
     terminal.ClearProgress();
     program.EndQuietly(keep);
     return status;

@@ -7,6 +7,13 @@ namespace qv {
 
 struct CheckOptions {
     std::string address;
+    bool site = false;           // the whole site, else the one document
+    std::string local;           // the folder that mirrors the address; empty: the Internet
+    std::string walk = "linked"; // of a local site: "linked", "folder" or "tree"
+    bool resume = false;         // go on with a site that was stopped; needs a home
+    std::string types;           // extensions of documents, parted by blanks; empty: the usual ones
+    std::string ignoreOpen;      // path fragments of documents to leave out, parted by blanks
+    std::string ignoreText;      // documents that hold this text are left out
     bool images = false;
     bool javascript = false;
     bool noRedirects = false;

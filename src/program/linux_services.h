@@ -23,6 +23,8 @@ class LinuxServices {
 
     ProgramServices Services(std::string commandLine);
     EventLoop& Loop() { return loop_; }
+    void LeaveOutPauses() { clock_.LeaveOutPauses(); }
+    const Files& FileSystem() const { return files_; }
 
    private:
     EventLoop& loop_;

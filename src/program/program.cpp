@@ -1,5 +1,7 @@
 #include "program/program.h"
 
+#include <optional>
+
 #include "check/code_form.h"
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
@@ -41,6 +43,7 @@ struct Program::House {
     void ConnectWindow();
     void ConnectUnbuilt();
     void ShowWizard();
+    void TakeEntry(const QuietEntry& entry);
     void ConnectSites();
     void ShowConfigForm();
     void ShowTipForm();
@@ -89,6 +92,7 @@ struct Program::House {
     LinkMarks marks{{window, rules, session, settings, flags, store, rows}};
     DocumentCommands documentCommands{{window, rules, session, settings, flags, store, services.programs}};
     ModeCommands modes{window, rules, session, settings};
+    std::optional<QuietEntry> quietEntry;  // takes the place of the wizard
     SpinButtons spin{window, flags, services.loop};
     StartUp startUp{{windows, window, initialForm, rules, session, settings, mail, flags, store, preferences, sites,
                      services.files, services.http, services.ftp, services.ipInfo, services.loop, services.clock, services.places,
@@ -105,7 +109,19 @@ Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
     ConnectUnbuilt();
 }
 
+void Program::House::TakeEntry(const QuietEntry& entry) {
+    session.SiteUrl = entry.siteUrl;
+    session.SiteFileName = entry.fileName;
+    session.SiteFolder = entry.folder;
+    session.SiteRecordNumber = 0;
+    session.WizardCancelled = kClear;
+}
+
 void Program::House::ShowWizard() {
+    if (quietEntry) {
+        TakeEntry(*quietEntry);
+        return;
+    }
     WizardForm wizard({windows, services.files, session, settings, flags, mail, preferences, sites, loader, window.TextFileName,
                        window.txtFileName});
     windows.ShowModal(wizard);
@@ -271,7 +287,7 @@ Session& Program::SharedSession() { return house_->session; }
 Settings& Program::SharedSettings() { return house_->settings; }
 LinkCheckRun& Program::CheckRun() { return house_->checkRun; }
 
-void Program::StartQuietly() {
+void Program::StartQuietly(bool restore) {
     House& h = *house_;
     h.session.AppPath = h.services.places.appPath;
     h.session.WindowsFolder = h.services.places.windowsFolder;
@@ -279,17 +295,24 @@ void Program::StartQuietly() {
     h.settings.ProgramMode = kInternetMode;
     h.session.MainWindowShown = kSet;
     h.services.http.NetworkReady = true;
+    h.services.ftp.NetworkReady = true;
     h.services.ipInfo.NetworkReady = true;
     h.window.SetVisible(true);
-    h.sessionCommands.MenuFileNew_Click();
+    if (!restore)
+        h.sessionCommands.MenuFileNew_Click();
+    else if (h.store.HasCounter())
+        h.startUp.RestoreSession();
 }
 
-void Program::OpenDocument(const std::string& address) {
-    House& h = *house_;
-    h.window.TextFileName.SetText(address);
-    h.flags.OpenWithoutWizard = kSet;
-    h.documentOpen.ComOpen_Click();
-    h.flags.OpenWithoutWizard = kClear;
+void Program::OpenDocument(const QuietEntry& entry) {
+    house_->quietEntry = entry;
+    house_->documentOpen.ComOpen_Click();
+}
+
+void Program::OpenSite(const QuietEntry& entry) {
+    house_->quietEntry = entry;
+    house_->TakeEntry(entry);
+    house_->siteOpen.Command1_Click();
 }
 
 void Program::EndQuietly(bool keepSession) {

@@ -58,9 +58,17 @@ class Program {
     Session& SharedSession();
     Settings& SharedSettings();
     LinkCheckRun& CheckRun();
-    void StartQuietly();                            // the start without its windows, and without restoring a session
-    void OpenDocument(const std::string& address);  // with the settings in force; blocks until it is listed or refused
-    void EndQuietly(bool keepSession);              // writes the session's files, or not; asks nothing
+    void StartQuietly(bool restore);    // the start without its windows; the last session is restored, or cleared
+    void EndQuietly(bool keepSession);  // writes the session's files, or not; asks nothing
+
+    // What is opened instead of an entry that a user picks in the wizard. The settings in force are those of SharedSettings.
+    struct QuietEntry {
+        std::string siteUrl;   // up to and including the last "/"
+        std::string fileName;  // behind it; may be empty on the Internet
+        std::string folder;    // of a mirror, in the backslash form with a backslash at its end; empty on the Internet
+    };
+    void OpenDocument(const QuietEntry& entry);  // both block until the documents are listed or refused
+    void OpenSite(const QuietEntry& entry);      // a walk that was stopped is gone on with, if the message box says so
 
    private:
     struct House;

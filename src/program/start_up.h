@@ -53,7 +53,8 @@ class StartUp {
     void CheckForm_Activate();  // does its work the first time alone
     void CheckForm_Unload(bool& refused);
 
-    void LoadSettings();  // the part of the load that reads files and makes folders
+    void RestoreSession();  // the documents of the last session
+    void LoadSettings();    // the part of the load that reads files and makes folders
     void WriteProgramSettings();
 
     std::function<void()> MenuFileNew_Click;
@@ -68,7 +69,6 @@ class StartUp {
     bool Unattended() const;
     void MakeFolders();
     void ReadOtherFiles();
-    void RestoreSession();
     bool AskAboutSession();
 
     Parts p_;

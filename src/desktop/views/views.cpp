@@ -3,6 +3,7 @@
 #include "desktop/views/check_form_view.h"
 #include "desktop/views/config_form_view.h"
 #include "desktop/views/plain_view.h"
+#include "desktop/views/report_views.h"
 #include "desktop/views/small_views.h"
 #include "desktop/views/wizard_form_view.h"
 
@@ -19,7 +20,7 @@ FormWindow* Try(Form& form, QWidget* parent) {
 
 FormWindow* MakeView(Form& form, QWidget* parent) {
     for (const auto attempt : {Try<CheckForm, CheckFormView>, Try<InitialForm, InitialFormView>, Try<TipForm, TipFormView>,
-                               Try<CodeForm, CodeFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>})
+                               Try<CodeForm, CodeFormView>, Try<ReportForm, ReportFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>})
         if (FormWindow* view = attempt(form, parent)) return view;
     return new PlainView(form, parent);
 }

@@ -16,7 +16,7 @@
 namespace qv {
 namespace {
 
-constexpr std::chrono::milliseconds kTurnInterval{5};
+constexpr std::chrono::milliseconds kTurnInterval{1};
 
 std::uint64_t EventKey(int descriptor, std::uint32_t generation) {
     return (std::uint64_t{generation} << 32) | static_cast<std::uint32_t>(descriptor);

@@ -11,6 +11,7 @@ class SystemClock : public Clock {
     double SecondsSinceMidnight() const override;
     std::tm LocalTime() const override;
     bool PausesWanted() const override { return pausesWanted_; }
+    void LeaveOutPauses() { pausesWanted_ = false; }  // nobody is there to look
 
    private:
     bool pausesWanted_ = true;
