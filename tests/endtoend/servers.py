@@ -122,26 +122,78 @@ class Nginx:
         user = "user root;" if os.geteuid() == 0 else ""
         (self.root / "nginx.conf").write_text("""%s daemon off; pid %s/pid; error_log %s/error.log; worker_processes 1;
 events { worker_connections 256; }
-http { access_log off; keepalive_requests 1000000; client_body_temp_path %s/t1; proxy_temp_path %s/t2;
+http { log_format short "$request_method $uri"; access_log %s/access.log short; keepalive_requests 1000000; client_body_temp_path %s/t1; proxy_temp_path %s/t2;
   fastcgi_temp_path %s/t3; uwsgi_temp_path %s/t4; scgi_temp_path %s/t5;
   server { listen 127.0.0.1:%d; root %s/site;
     location /moved { return 302 http://127.0.0.1:%d/good.html; }
     location /gone { return 410; } location /broken { return 503; } location /locked { return 403; } } }
-""" % ((user,) + (self.root,) * 7 + (self.port, self.root, self.port)))
+""" % ((user,) + (self.root,) * 8 + (self.port, self.root, self.port)))
         self.process = subprocess.Popen([shutil.which("nginx") or "/usr/sbin/nginx", "-c", str(self.root / "nginx.conf"),
                                          "-e", str(self.root / "error.log")], stderr=subprocess.DEVNULL)
-        for _ in range(250):
-            try:
-                socket.create_connection(("127.0.0.1", self.port), 1).close()
-                return
-            except OSError:
-                time.sleep(0.02)
-        raise AssertionError("nginx doesn't answer")
+        wait_for_port(self.port, "nginx")
 
     def url(self, path=""):
         return "http://127.0.0.1:%d/%s" % (self.port, path)
+
+    def asked(self):
+        """Method and path of each request."""
+        return [tuple(line.split(" ", 1)) for line in (self.root / "access.log").read_text().splitlines()]
 
     def stop(self):
         self.process.terminate()
         self.process.wait(10)
         shutil.rmtree(self.root, ignore_errors=True)
+
+
+class Vsftpd:
+    """A real FTP server for anonymous guests, and for the system's users (of whom none is let in)."""
+
+    def __init__(self, files):
+        self.root = Path(tempfile.mkdtemp(prefix="quorvantis-ftp-"))
+        self.root.chmod(0o755)
+        for name, data in files.items():
+            path = self.root / "site" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(data)
+        (self.root / "empty").mkdir()
+        free = socket.create_server(("127.0.0.1", 0))
+        self.port = free.getsockname()[1]
+        free.close()
+        (self.root / "vsftpd.conf").write_text("""listen=YES
+listen_address=127.0.0.1
+listen_port=%d
+background=NO
+anonymous_enable=YES
+local_enable=NO
+anon_root=%s/site
+secure_chroot_dir=%s/empty
+run_as_launching_user=YES
+seccomp_sandbox=NO
+vsftpd_log_file=%s/log
+xferlog_enable=YES
+log_ftp_protocol=YES
+""" % (self.port, self.root, self.root, self.root))
+        self.process = subprocess.Popen([shutil.which("vsftpd") or "/usr/sbin/vsftpd", str(self.root / "vsftpd.conf")],
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for_port(self.port, "vsftpd")
+
+    def url(self, path=""):
+        return "ftp://127.0.0.1:%d/%s" % (self.port, path)
+
+    def log(self):
+        return (self.root / "log").read_text()
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(10)
+        shutil.rmtree(self.root, ignore_errors=True)
+
+
+def wait_for_port(port, what):
+    for _ in range(250):
+        try:
+            socket.create_connection(("127.0.0.1", port), 1).close()
+            return
+        except OSError:
+            time.sleep(0.02)
+    raise AssertionError("%s doesn't answer" % what)

@@ -181,14 +181,14 @@ double CurlFtp1::SecondsLeft() const {
     return Timeout + kGrace - silent.count();
 }
 
-// The path is absolute: a second slash says so. A folder is entered, so that one that isn't there is told from an empty one.
+// The path goes from where the log-on leads to. A folder is entered, so that one that isn't there is told from an empty one.
 std::string CurlFtp1::Address(Step step) const {
-    std::string address = "ftp://" + RemoteHost + "/";
-    if (step == Step::LogOn) return address;
+    const std::string server = "ftp://" + RemoteHost;
+    if (step == Step::LogOn) return server + "/";
     std::string path = EncodePath(RemoteFile);
     if (path.empty() || path.front() != '/') path.insert(0, "/");
     if (step == Step::Folder && path.back() != '/') path += '/';
-    return address + path;
+    return server + path;
 }
 
 void CurlFtp1::SetTarget(Step step) {

@@ -112,5 +112,21 @@ TEST(RootSlash, IsAddedToAHostAlone) {
     EXPECT_EQ(WithRootSlash("http:/h"), "http:/h");
 }
 
+TEST(SiteTexts, AHostOfTwoNamesIsComparedByTheRootsKind) {
+    EXPECT_TRUE(CheckCommaDelimited("http://h/", "http://h,1.2.3.4/x"));
+    EXPECT_TRUE(CheckCommaDelimited("http://h/", "http://1.2.3.4%2Ch/x"));
+    EXPECT_TRUE(CheckCommaDelimited("http://1.2.3.4/", "http://H,1.2.3.4/x"));
+    EXPECT_TRUE(CheckCommaDelimited("http://h/", "http://H,1.2.3.4/x"));
+    EXPECT_FALSE(CheckCommaDelimited("http://H/", "http://H,1.2.3.4/x"));  // the root's server isn't lower-cased
+    EXPECT_FALSE(CheckCommaDelimited("http://h/", "http://g,1.2.3.4/x"));
+    EXPECT_FALSE(CheckCommaDelimited("http://h/", "http://h/x"));
+}
+
+TEST(SiteTexts, ARootEndsWithItsLastSlash) {
+    EXPECT_EQ(RootOfSite("http", "h", 80, "/a/b.htm"), "http://h/a/");
+    EXPECT_EQ(RootOfSite("http", "h", 8080, "/"), "http://h:8080/");
+    EXPECT_EQ(RootOfSite("http", "h", 80, ""), "http://h/");
+}
+
 }  // namespace
 }  // namespace qv
