@@ -3,10 +3,11 @@ import os
 import random
 import signal
 import subprocess
-import time
+import unittest
 from pathlib import Path
 
 from case import Case
+from program import is_desktop
 from servers import page, reply
 
 MANY = 2000
@@ -23,6 +24,7 @@ def site_of(count):
     return files
 
 
+@unittest.skipIf(is_desktop(), "the command is tested beside the program without windows")
 class Sites(Case):
     def tool(self, *arguments):
         return [str(Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"), *arguments]
@@ -122,6 +124,25 @@ class Sites(Case):
         self.assertGreater(stops, 0)
         self.assertEqual(documents, self.whole(*where))
 
+    def test_odd_folders(self):
+        folder = Path(self.folder({"index.html": page("a.html", "../../outside.html", "n%E9.html"), "a.html": page("index.html"),
+                                   "deep/b.html": page("../a.html")}))
+        (folder / "deep" / "circle").symlink_to(folder)
+        (folder / os.fsdecode(b"n\xe9.html")).write_bytes(page("a.html"))
+        locked = folder / "locked"
+        locked.mkdir()
+        (locked / "c.html").write_bytes(page("a.html"))
+        locked.chmod(0)
+        self.addCleanup(lambda: locked.chmod(0o755))
+        done = subprocess.run(self.tool("--site", "--local", str(folder), "--walk", "tree", "http://127.0.0.1:9/"),
+                              capture_output=True, timeout=60)
+        self.assertIn(done.returncode, (0, 1), done.stderr)
+        self.assertIn(b"outside.html", done.stdout)
+        if os.geteuid() != 0:
+            self.assertIn(b"Error Reading The Disk Drive", done.stderr)
+
+
+class Walks(Case):
     def test_a_site_of_endless_names_is_stopped_by_the_user(self):
         server = self.server()
         names = iter(range(10**9))
@@ -139,19 +160,22 @@ class Sites(Case):
         self.assertTrue((self.scratch.home / "cache" / "resumes.zdt").exists())
         self.assertEqual(p.caption("CheckForm.Command1"), "Check &Web Site")
 
-    def test_odd_folders(self):
-        folder = Path(self.folder({"index.html": page("a.html", "../../outside.html", "n%E9.html"), "a.html": page("index.html"),
-                                   "deep/b.html": page("../a.html")}))
-        (folder / "deep" / "circle").symlink_to(folder)
-        (folder / os.fsdecode(b"n\xe9.html")).write_bytes(page("a.html"))
-        locked = folder / "locked"
-        locked.mkdir()
-        (locked / "c.html").write_bytes(page("a.html"))
-        locked.chmod(0)
-        self.addCleanup(lambda: locked.chmod(0o755))
-        done = subprocess.run(self.tool("--site", "--local", str(folder), "--walk", "tree", "http://127.0.0.1:9/"),
-                              capture_output=True, timeout=60)
-        self.assertIn(done.returncode, (0, 1), done.stderr)
-        self.assertIn(b"outside.html", done.stdout)
-        if os.geteuid() != 0:
-            self.assertIn(b"Error Reading The Disk Drive", done.stderr)
+    def test_the_log_says_what_failed_and_a_second_walk_begins_anew(self):
+        server = self.server({"/": reply(200, "OK", page("a.html", "gone.html")), "/a.html": reply(200, "OK", page("/"))})
+        p = self.program()
+        for documents in (2, 2):
+            run = p.send("click", "CheckForm.ToolOpenDoc")
+            p.reply(run)
+            run = p.send("click", "CheckForm.Command1")
+            p.event("modal", form="WizardForm")
+            p.do("set", "WizardForm.Text1", value=server.url())
+            p.click("WizardForm.ComOpenNext")
+            p.reply(run)
+            self.assertEqual(len(p.documents()), documents)
+            self.assertEqual(p.state("ReportForm.Text1")["text"].split("\r\n\r\n"), [
+                "Opening Web Site... " + server.url(), "404 Not Found - " + server.url("gone.html"), "Site Download Complete.", ""])
+            p.do("set", "ReportForm.Text1", value="typed")
+            self.assertNotIn("typed", p.state("ReportForm.Text1")["text"])
+            p.click("ReportForm.ComCopy")
+            self.assertEqual(p.do("clipboard")["text"], p.state("ReportForm.Text1")["text"])
+            p.click("ReportForm.Command1")
