@@ -53,7 +53,7 @@ void FormWindow::Release() {
 }
 
 void FormWindow::BringUp() {
-    if (isHidden() || isMinimized()) return;
+    if (isHidden() || isMinimized() || isActiveWindow()) return;
     raise();
     activateWindow();
 }
@@ -177,13 +177,18 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool FormWindow::event(QEvent* event) {
-    // The user has come back to a window that stood behind another one.
-    if (event->type() == QEvent::WindowActivate && form_ != nullptr && open_ && !showing_ && isVisible()) {
-        const auto forms = form_->Windows().Forms();
-        if (form_->Windows().BlockedBy(*form_).empty() && !forms.empty() && forms.front() != form_)
-            form_->Windows().Activate(*form_);
-    }
+    // What windows pass through on their way to the front isn't the user's doing: it counts when all that has settled.
+    if (event->type() == QEvent::WindowActivate && form_ != nullptr && open_)
+        QMetaObject::invokeMethod(this, [this] { TakeActivation(); }, Qt::QueuedConnection);
     return QWidget::event(event);
+}
+
+// The user has come back to a window that stood behind another one.
+void FormWindow::TakeActivation() {
+    if (form_ == nullptr || !isVisible() || !isActiveWindow()) return;
+    const auto forms = form_->Windows().Forms();
+    if (form_->Windows().BlockedBy(*form_).empty() && !forms.empty() && forms.front() != form_)
+        form_->Windows().Activate(*form_);
 }
 
 // Keys that no control has taken.

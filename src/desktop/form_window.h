@@ -94,6 +94,7 @@ class FormWindow : public QWidget, public ControlObserver {
     void ShowFocus();
     void ShowDefaultButton();
     void TakePlace();
+    void TakeActivation();
     void FitPlace();
     void TellOfMissingWidgets() const;
     void SetTabOrder();

@@ -296,6 +296,22 @@ TEST_F(Windows, AssistiveToolsSeeTheRowsOfAList) {
     EXPECT_EQ(list->child(1)->text(QAccessible::Name), "c");
 }
 
+TEST_F(Windows, AWindowThatTheUserComesBackToIsTheFrontOneAndIsActivatedOnce) {
+    int activated = 0;
+    Form other(windows, "G", "Other");
+    form.Activate = [&] { ++activated; };
+    FormWindow& window = Show();
+    windows.Show(other);
+    for (int turns = 0; turns < 20; ++turns) loop.Yield();
+    EXPECT_EQ(windows.Forms().front(), &other);
+    activated = 0;
+    window.activateWindow();
+    for (int turns = 0; turns < 50; ++turns) loop.Yield();
+    EXPECT_EQ(windows.Forms().front(), &form);
+    EXPECT_EQ(activated, 1);
+    windows.Unload(other);
+}
+
 TEST_F(Windows, PasswordsAreMasked) {
     box.SetMasked(true);
     Show();
