@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
     app.add_option("--user-agent", options.userAgent, "text of the User-Agent header");
     app.add_option("--proxy", options.proxy, "HOST:PORT of a proxy");
     app.add_option("--user", options.user, "NAME:PASSWORD for the page's own host");
-    app.add_option("--home", options.home, "keep the session in this folder");
-    app.add_flag("--resume", options.resume, "go on with a site that was stopped (with --home)");
+    auto* home = app.add_option("--home", options.home, "keep the session in this folder");
+    app.add_flag("--resume", options.resume, "go on with a site that was stopped")->needs(home);
     app.add_flag("--list-all", options.listAll, "print the good links too");
     try {
         app.parse(argc, argv);

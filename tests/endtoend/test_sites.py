@@ -124,6 +124,11 @@ class Sites(Case):
         self.assertGreater(stops, 0)
         self.assertEqual(documents, self.whole(*where))
 
+    def test_going_on_needs_the_folder_of_a_session(self):
+        done = subprocess.run(self.tool("--site", "--resume", "http://127.0.0.1:9/"), capture_output=True, text=True, timeout=60)
+        self.assertEqual(done.returncode, 64)
+        self.assertIn("--home", done.stderr)
+
     def test_odd_folders(self):
         folder = Path(self.folder({"index.html": page("a.html", "../../outside.html", "n%E9.html"), "a.html": page("index.html"),
                                    "deep/b.html": page("../a.html")}))
