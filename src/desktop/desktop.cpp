@@ -63,8 +63,12 @@ void Desktop::FormClosed(const Form& form) {
     window->Release();
     window->hide();
     // Windows that stood in front of it go on without it.
-    for (FormWindow* other : open_)
-        if (other->parentWidget() == window) other->setParent(nullptr, other->windowFlags());
+    for (FormWindow* other : open_) {
+        if (other->parentWidget() != window) continue;
+        const bool seen = other->isVisible();
+        other->setParent(nullptr, other->windowFlags());  // this hides it
+        other->setVisible(seen);
+    }
     window->deleteLater();
     if (FormWindow* next = Top()) next->BringUp();
 }

@@ -46,8 +46,16 @@ void SessionCommands::ForgetDocuments() {
     p_.session.SiteHostAddress.clear();
 }
 
+// A change of mode can come in the middle of a run, a walk or an open: what it works on goes, so it ends at its next step.
+void SessionCommands::EndWhatRuns() {
+    if (p_.flags.CheckRunning == 0 && p_.flags.SiteOpenRunning == 0 && p_.flags.RetrievalMode == 0) return;
+    p_.flags.StopRequested = kSet;
+    if (p_.flags.SiteOpenRunning != 0) p_.flags.SiteOpenHalted = kSet;
+}
+
 void SessionCommands::MenuFileNew_Click() {
     CheckForm& w = p_.window;
+    EndWhatRuns();
     w.SetPointer(Pointer::Wait);
     w.LabelInd.SetCaption("Clearing Cache...");
     p_.rules.DisableControls();

@@ -43,6 +43,7 @@ class SessionCommands {
     std::function<void()> MenuFileLocalMode_Click;
 
    private:
+    void EndWhatRuns();
     void DeleteCacheFiles();
     void ForgetDocuments();
     void TakeListMode(std::int16_t listMode);

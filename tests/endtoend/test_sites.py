@@ -184,3 +184,27 @@ class Walks(Case):
             p.click("ReportForm.ComCopy")
             self.assertEqual(p.do("clipboard")["text"], p.state("ReportForm.Text1")["text"])
             p.click("ReportForm.Command1")
+
+    def test_a_change_of_mode_in_the_middle_clears_the_session_and_nothing_breaks(self):
+        """The buttons of the modes stay usable in a run, in a recheck and in a walk."""
+        for command in ("ComStart", "MenuLinkRecheck", "Command1"):
+            with self.subTest(command):
+                server = self.server({"/": reply(200, "OK", page("a.html")), "*": "silent"})
+                self.scratch.document(server.url("doc.html"), [server.url("a.html"), server.url("b.html")])
+                p = self.program()
+                p.do("select", "CheckForm.List1", row=0)
+                p.do("select", "CheckForm.List1", row=0)
+                run = p.send("click", "CheckForm." + command)
+                if command == "Command1":
+                    p.event("modal", form="WizardForm")
+                    p.do("set", "WizardForm.Text1", value=server.url())
+                    p.click("WizardForm.ComOpenNext")
+                p.until(lambda: any(target == b"/a.html" for _, target in server.asked()))
+                p.click("CheckForm.ToolLocalMode")
+                p.reply(run)
+                self.assertEqual(p.documents(), [])
+                self.assertEqual(p.rows(), [])
+                self.assertTrue(p.state("CheckForm.Command1")["usable"])
+                self.assertEqual(p.state("CheckForm")["pointer"], "default")
+                self.assertEqual(p.exit(None), 0)
+                (self.scratch.home / "quorvant.cfg").unlink()  # the mode that it keeps

@@ -312,6 +312,18 @@ TEST_F(Windows, AWindowThatTheUserComesBackToIsTheFrontOneAndIsActivatedOnce) {
     windows.Unload(other);
 }
 
+TEST_F(Windows, AWindowStaysOpenWhenTheOneBehindItCloses) {
+    Form other(windows, "G", "Other");
+    Show();
+    windows.Show(other);
+    windows.Unload(form);
+    loop.Yield();
+    ASSERT_NE(desktop.WindowOf(other), nullptr);
+    EXPECT_TRUE(desktop.WindowOf(other)->isVisible());
+    EXPECT_TRUE(other.Visible());
+    windows.Unload(other);
+}
+
 TEST_F(Windows, PasswordsAreMasked) {
     box.SetMasked(true);
     Show();
