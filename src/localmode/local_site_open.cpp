@@ -9,22 +9,13 @@
 namespace qv {
 namespace {
 
-constexpr const char* kCaptionCancelSite = "Cancel &Web Site";
 constexpr const char* kDiskError = "Sorry, There Was An Error Reading The Disk Drive.";
 constexpr const char* kStoppedTitle =
     "Site open was stopped by user or by an error. Click the 'Open Local Web Site' button to resume.";
 
 }  // namespace
 
-void LocalSiteOpen::Log(const std::string& text) { p_.session.LogText += text + p_.session.LineBreak + p_.session.LineBreak; }
-
-void LocalSiteOpen::SetWaiting(bool waiting) { p_.window.SetPointer(waiting ? Pointer::Wait : Pointer::Default); }
-
 bool LocalSiteOpen::LinkedOnly() const { return p_.settings.SiteOpenMode != 1 && p_.settings.SiteOpenMode != 2; }
-
-bool LocalSiteOpen::IsIgnored(const std::string& url) const {
-    return IsIgnoredDocument(url, p_.settings.DocumentTypes, p_.settings.IgnoreOpenPathList);
-}
 
 void LocalSiteOpen::OpenLocalWebSite() {
     if (p_.window.Command1.Caption() != kCaptionCheckSite) {
@@ -40,36 +31,17 @@ void LocalSiteOpen::OpenLocalWebSite() {
     CheckForm& w = p_.window;
     w.LabelInd.SetCaption("");
     w.List1.SetEnabled(false);
-    p_.flags.HideGoodLinks = kClear;
-    w.ComHide.SetCaption(kCaptionShowBadOnly);
-    w.MenuLinkHide.SetChecked(false);
+    StopHiding();
     if (StartsWithLower(w.TextFileName.Text(), "http")) OpenSite(walk);
-    EndWalk(walk);
-    Finish(walk.stoppedForResume);
+    Finish(EndWalk(walk.Work, walk.Pending, walk.Opened, kStoppedTitle));
 }
 
 bool LocalSiteOpen::Begin(Walk& walk) {
-    if (!AskToResume(walk)) return false;
-    if (walk.resuming) return true;
-    p_.session.LogText.clear();
-    p_.settings.EntryIsSite = kSet;
-    p_.session.WizardCancelled = kClear;
-    ShowWizard();
-    if (p_.session.WizardCancelled != 0) return false;
-    p_.window.TextFileName.SetText(p_.session.SiteUrl + p_.session.SiteFileName);
-    return true;
-}
-
-bool LocalSiteOpen::AskToResume(Walk& walk) {
-    if (!HasPartialSite(p_.files, p_.store.CacheFolder()) || p_.window.TextFileName.Text().empty() ||
-        p_.window.txtFileName.Count() == 0)
-        return true;
-    const std::string answer = p_.window.Windows().ShowMessage({.text = "Do you want to Resume loading your last local site?",
-                                                                .buttons = {"Yes", "No", "Cancel"},
-                                                                .defaultButton = "Yes",
-                                                                .question = true});
-    if (answer == "Cancel") return false;
-    if (answer == "Yes") TakePartialSite(walk);
+    const Answer answer =
+        AskToResume("Do you want to Resume loading your last local site?", !p_.window.TextFileName.Text().empty());
+    if (answer == Answer::Cancel) return false;
+    if (answer == Answer::Anew) return TakeEntryFromWizard();
+    TakePartialSite(walk);
     return true;
 }
 
@@ -196,31 +168,6 @@ bool LocalSiteOpen::OpenEntry(Walk& walk, std::size_t entry) {
     return true;
 }
 
-void LocalSiteOpen::EndWalk(Walk& walk) {
-    CheckForm& w = p_.window;
-    const std::string cache = p_.store.CacheFolder();
-    const bool documents = w.txtFileName.Count() > 0;
-    if (documents && w.txtFileName.ListIndex() != 0)
-        w.txtFileName.SetListIndex(0);
-    else if (documents)
-        txtFileName_Click();
-    if (p_.flags.SiteOpenHalted != 0 && documents) {
-        walk.Work.Append(walk.Pending);
-        WritePartialSite(p_.files, cache, p_.session.SiteRoot, walk.Work, walk.Opened);
-        UnloadReportForm();
-        walk.stoppedForResume = true;
-        p_.session.LogTitle = kStoppedTitle;
-        if (p_.flags.EnterpriseRunning == 0) ShowReportForm();
-    } else if (HasPartialSite(p_.files, cache)) {
-        DeletePartialSite(p_.files, cache);
-    }
-    p_.flags.SiteOpenRunning = p_.flags.SiteOpenHalted = kClear;
-    p_.rules.EnableControls();
-    w.Command1.SetCaption(kCaptionCheckSite);
-    w.ComStart.SetEnabled(true);
-    SetWaiting(false);
-}
-
 // A press during a walk: the walk sees the flags at its next step.
 void LocalSiteOpen::Press() {
     SetWaiting(true);
@@ -232,26 +179,13 @@ void LocalSiteOpen::Press() {
     Finish(false);
 }
 
-void LocalSiteOpen::CheckAutomatically() {
-    CheckForm& w = p_.window;
-    Log("Site Open Complete.");
-    Log("Starting automatic Link Check... " + w.LabelInd.Caption());
-    ComStart_Click();
-    const bool stopped = p_.flags.StopRequested != 0;
-    Log((stopped ? "Automatic Link Check was cancelled.  " : "Automatic Link Check complete.  ") + w.LabelInd.Caption());
-    p_.session.LogTitle = stopped ? "Site Open Complete, Automatic Link Check Interrupted."
-                                  : "Site Open && Automatic Link Check Complete.";
-    UnloadReportForm();
-    if (p_.flags.EnterpriseRunning == 0) ShowReportForm();
-}
-
 // The tail of the command, however it went.
 void LocalSiteOpen::Finish(bool stoppedForResume) {
     p_.window.List1.SetEnabled(true);
     if (p_.flags.SiteOpenHalted != 0 || stoppedForResume) {
         p_.rules.ShowPosition();
     } else if (p_.settings.AutoCheckLinks != 0) {
-        CheckAutomatically();
+        CheckAutomatically("Site Open Complete.", "Starting automatic Link Check... ");
     } else {
         UnloadReportForm();
         p_.session.LogText += "Site Open Complete.";

@@ -83,7 +83,8 @@ struct Program::House {
     LinkRecheck recheck{{window, rules, session, settings, flags, services.http, steps, httpProbe, ftpProbe, fileProbe, rowStatus,
                          services.loop}};
     ReportForm reportForm{{windows, session, flags, window.txtFileName, window.StatusBar1}};
-    SiteOpen siteOpen{{window, rules, session, settings, flags, store, services.http, steps, services.files}};
+    SiteOpen siteOpen{
+        {window, rules, session, settings, flags, store, services.http, steps, services.loop, services.files}};
     LocalSiteOpen localSite{
         {window, rules, session, settings, flags, store, services.http, steps, services.loop, services.files}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};

@@ -37,7 +37,7 @@ struct SiteOpenTest : testing::Test, WindowListener {
     DocumentStore store{files, session};
     WindowRules rules{window, session, settings, programs, store};
     HttpSession steps{{window, session, settings, flags, http, ipInfo, loop, clock, files}};
-    SiteOpen site{{window, rules, session, settings, flags, store, http, steps, files}};
+    SiteOpen site{{window, rules, session, settings, flags, store, http, steps, loop, files}};
     std::map<std::string, Texts> pages;
     Texts opened, messages, log;
     std::string answer = "Yes";
