@@ -48,6 +48,7 @@ void LinkCheckRun::Begin() {
     w.ComSkip.SetEnabled(true);
     p_.rules.DisableControls();
     p_.flags.CheckRunning = kSet;
+    rowsAtHand_ = true;
     if (p_.settings.ProgramMode != kBookmarksMode) p_.store.SaveRunState(w.txtFileName);
 }
 
@@ -161,7 +162,7 @@ void LinkCheckRun::SaveDocument() {
 }
 
 void LinkCheckRun::SaveIfRunning() {
-    if (p_.flags.CheckRunning != 0 && p_.settings.ProgramMode != kBookmarksMode) SaveDocument();
+    if (p_.flags.CheckRunning != 0 && rowsAtHand_ && p_.settings.ProgramMode != kBookmarksMode) SaveDocument();
 }
 
 void LinkCheckRun::CreateAutomaticReports() {
@@ -176,6 +177,7 @@ void LinkCheckRun::CreateAutomaticReports() {
 void LinkCheckRun::End() {
     CheckForm& w = p_.window;
     if (!RunStopped_) {
+        rowsAtHand_ = false;  // all are saved, and the reports load those of other documents
         if (w.txtFileName.Count() > 0) w.txtFileName.SetListIndex(0);
         CreateAutomaticReports();
     }

@@ -66,6 +66,7 @@ class LinkCheckRun {
     long QuestionableCount_ = 0;
     long GoodCount_ = 0;
     bool RunStopped_ = false;
+    bool rowsAtHand_ = false;  // the links in memory are those of the selected document, with what the run found
     EventLoop::TimerId lateCheckpoint_ = 0;
 };
 

@@ -27,6 +27,8 @@ class ComboBox : public Control {
     const std::string& Text() const { return text_; }
     void SetText(std::string text);  // the free text: no item is current then. Fires Change if the text changes
 
+    void SelectAll() { Changed(Aspect::Selection); }  // of the text above
+
     void EnterText(const std::string& text);  // a user replaces the text: focus, Change, one KeyUp
     void ClickItem(int item);                 // a user picks an item: it becomes current, then Click, each time
 

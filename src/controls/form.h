@@ -61,6 +61,8 @@ class Form : public Control {
     void PopUp(Menu& menu);  // opens a menu at the pointer: its opening rule runs
     void Close();            // unloads the form, unless its Unload event refuses
 
+    EventOf<Key> KeyDown;  // a key goes down, wherever the focus is: ahead of the control that has it
+
     // Load comes before the form is shown, and may close it; Unload may refuse by setting its argument.
     Event Load, Activate, Resize;
     EventOf<bool&> Unload;

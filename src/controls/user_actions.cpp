@@ -78,6 +78,7 @@ bool PressFormButton(Form& form, Key key) {
 
 void Press(Control& control, Key key) {
     control.SetFocus();
+    control.ParentForm().KeyDown(key);
     control.KeyPress(key);
     if (key == Key::Space) PressSpace(control);
     if ((key == Key::Enter || key == Key::Escape) && PressFormButton(control.ParentForm(), key)) return;

@@ -72,7 +72,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
             if (quiet_ == nullptr || !*quiet_) control_->ParentForm().MoveFocus(control_);
             break;
         case QEvent::MouseMove: control_->MouseMove(); break;
-        case QEvent::KeyPress: control_->KeyPress(KeyOf(*static_cast<QKeyEvent*>(event))); break;
+        case QEvent::KeyPress: {
+            const Key key = KeyOf(*static_cast<QKeyEvent*>(event));
+            control_->ParentForm().KeyDown(key);
+            if (control_ != nullptr) control_->KeyPress(key);
+            break;
+        }
         case QEvent::KeyRelease: {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (!key.isAutoRepeat()) control_->KeyUp(KeyOf(key));

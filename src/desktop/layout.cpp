@@ -15,6 +15,14 @@ QHBoxLayout* ButtonRow(std::initializer_list<QWidget*> buttons) {
     return row;
 }
 
+QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int stretched) {
+    auto* row = new QHBoxLayout;
+    int index = 0;
+    for (QWidget* widget : widgets) row->addWidget(widget, index++ == stretched ? 1 : 0);
+    if (stretched < 0) row->addStretch();
+    return row;
+}
+
 TextLabel* Enlarged(TextLabel* label, double factor) {
     QFont font = label->font();
     font.setBold(true);

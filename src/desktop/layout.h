@@ -13,6 +13,9 @@ namespace qv {
 // Buttons of one width at the right end of a row.
 QHBoxLayout* ButtonRow(std::initializer_list<QWidget*> buttons);
 
+// Widgets in a row, the one of that place taking what room is left; without one they stand at the left.
+QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int stretched = -1);
+
 // The same label in a bold font, larger by a factor.
 TextLabel* Enlarged(TextLabel* label, double factor);
 

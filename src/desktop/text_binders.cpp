@@ -132,6 +132,7 @@ void ComboBinder::ShowText() {
 void ComboBinder::ShowAspect(Aspect aspect) {
     if (aspect == Aspect::Items) ShowItems();
     if (aspect == Aspect::Text || aspect == Aspect::Index) ShowText();
+    if (aspect == Aspect::Selection) combo_->lineEdit()->selectAll();
 }
 
 void ComboBinder::AddWidgetState(nlohmann::json& state) const {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "text/basic_text.h"
+#include "text/characters.h"
 
 namespace qv {
 namespace {
@@ -56,6 +57,9 @@ void ConvertSlashes(std::string& text, std::int16_t direction) {
 void MakeFileNameText(std::string& text) {
     const auto scheme = text.find("://");
     if (scheme != std::string::npos) text.erase(0, scheme + 3);
+    if (!IsAscii(text) && IsUtf8(text))  // a character of several bytes is one
+        text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }),
+                   text.end());
     for (char& c : text)
         if (!IsLetterOrDigit(c)) c = '_';
 }

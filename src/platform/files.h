@@ -25,6 +25,15 @@ class FileAppender {
     virtual std::int64_t Length() const = 0;
 };
 
+// A whole file that is written piece by piece, to a temporary name in the same folder. The file itself changes at Finish alone;
+// without it, or after a piece that failed, it stays as it was and the temporary file goes.
+class FileReplacer {
+   public:
+    virtual ~FileReplacer() = default;
+    virtual bool Append(std::string_view bytes) = 0;  // false: not all was written
+    virtual FileResult Finish() = 0;                  // nothing may follow
+};
+
 class Files {
    public:
     virtual ~Files() = default;
@@ -38,9 +47,13 @@ class Files {
     FileResult Read(const std::string& path, std::string& bytes) const { return Read(path, bytes, kReadLimit); }
     static constexpr std::int64_t kReadLimit = std::int64_t{1} << 31;
 
-    // Replaces the whole file: the bytes go to a temporary name in the same folder, which is renamed over the old file. A
+    // Replaces the whole file, for its owner's eyes only: the bytes go to a temporary name in the same folder, which is renamed over the old file. A
     // failure leaves the old file as it was, and no temporary file.
     virtual FileResult Write(const std::string& path, std::string_view bytes) = 0;
+
+    // The same in pieces, and with the rights of an ordinary document (others may read it as the user's mask says). Null when
+    // there can be no such file.
+    virtual std::unique_ptr<FileReplacer> Replace(const std::string& path) = 0;
 
     // Opens a file for appending, emptied first. Null when it can't be opened.
     virtual std::unique_ptr<FileAppender> Create(const std::string& path) = 0;

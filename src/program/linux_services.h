@@ -6,6 +6,8 @@
 #include "platform/event_loop.h"
 #include "platform/linux/curl_ftp1.h"
 #include "platform/linux/curl_http1.h"
+#include "platform/linux/curl_smtp1.h"
+#include "platform/linux/gmime_mime1.h"
 #include "platform/linux/ini_settings_store.h"
 #include "platform/linux/resolver_ip_info1.h"
 #include "platform/linux/system_clock.h"
@@ -34,6 +36,9 @@ class LinuxServices {
     CurlHttp1 http_{loop_, flags_};
     CurlFtp1 ftp_{loop_, flags_};
     ResolverIpInfo1 ipInfo_{loop_, flags_};
+    CurlSmtp1 smtp_{loop_};
+    GmimeMime1 mime_{files_};
+    GmimeNetCode1 code_;
     IniSettingsStore store_{files_, UserSettingsPath()};
     SystemPrograms programs_{files_};
     TimerDriver timers_{loop_};

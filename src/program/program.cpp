@@ -9,8 +9,12 @@
 #include "extract/hyperlink_importer.h"
 #include "localmode/local_document_open.h"
 #include "localmode/local_site_open.h"
+#include "mail/address_book.h"
 #include "mail/config_form.h"
+#include "mail/email_form.h"
+#include "mail/mail_sender.h"
 #include "mail/mail_settings_file.h"
+#include "mainwindow/browser.h"
 #include "mainwindow/check_form.h"
 #include "mainwindow/document_commands.h"
 #include "mainwindow/document_selection.h"
@@ -22,7 +26,13 @@
 #include "mainwindow/tip_form.h"
 #include "mainwindow/window_rules.h"
 #include "program/start_up.h"
+#include "reports/frmform.h"
+#include "reports/report_creation.h"
+#include "reports/report_files.h"
 #include "reports/report_form.h"
+#include "reports/report_manager_form.h"
+#include "reports/report_select_form.h"
+#include "reports/save_reports.h"
 #include "retrieve/document_open.h"
 #include "retrieve/http_session.h"
 #include "retrieve/site_open.h"
@@ -41,12 +51,17 @@ struct Program::House {
     void ConnectStart(Program& program);
     void ConnectCommands();
     void ConnectWindow();
+    void ConnectReports();
     void ConnectUnbuilt();
     void ShowWizard();
     void TakeEntry(const QuietEntry& entry);
     void ConnectSites();
     void ShowConfigForm();
     void ShowTipForm();
+    void ShowEmailForm();
+    bool ShowReportOptions();
+    void ShowReportManager(std::int16_t logs);
+    void ShowReportViewer();
     void ShowAbout();
 
     ProgramServices services;
@@ -54,6 +69,7 @@ struct Program::House {
     Session session;
     Settings settings;
     MailSettings mail;
+    AddressBook addressBook;
     WindowSystem windows{[this] { services.loop.WaitFor(kWaitForever); }};
     CheckForm window{windows};
     InitialForm initialForm{windows};
@@ -83,6 +99,11 @@ struct Program::House {
     LinkRecheck recheck{{window, rules, session, settings, flags, services.http, steps, httpProbe, ftpProbe, fileProbe, rowStatus,
                          services.loop}};
     ReportForm reportForm{{windows, session, flags, window.txtFileName, window.StatusBar1}};
+    Browser browser{settings, services.programs, services.loop};
+    ReportSaver reportSaver{{window, session, settings, store, services.files, services.loop, services.clock}};
+    ReportCreation reportCreation{{window, rules, session, settings, mail, reportSaver}};
+    ReportFiles reportFiles{{windows, services.files, session, settings, mail, services.programs, browser}};
+    MailSender mailSender{{window, session, settings, mail, services.smtp, services.mime, services.code, services.loop}};
     SiteOpen siteOpen{
         {window, rules, session, settings, flags, store, services.http, steps, services.loop, services.files}};
     LocalSiteOpen localSite{
@@ -106,6 +127,7 @@ Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
     window.Timer2.SetInterval(150);
     ConnectCommands();
     ConnectSites();
+    ConnectReports();
     ConnectWindow();
     ConnectUnbuilt();
 }
@@ -234,6 +256,46 @@ void Program::House::ConnectSites() {
     window.Command1.Click = window.MenuFileOpenSite.Click = [this] { siteOpen.Command1_Click(); };
 }
 
+void Program::House::ShowEmailForm() {
+    EmailForm form({windows, services.files, session, mail, addressBook, flags, mailSender, services.loop});
+    windows.ShowModal(form);
+}
+
+bool Program::House::ShowReportOptions() {
+    frmform form({windows, services.files, session, settings});
+    windows.ShowModal(form);
+    return form.Okay();
+}
+
+void Program::House::ShowReportManager(std::int16_t logs) {
+    session.ManagerShowsLogs = logs;
+    ReportManagerForm form({windows, services.files, session, flags, reportFiles});
+    windows.ShowModal(form);
+}
+
+void Program::House::ShowReportViewer() {
+    ReportSelectForm form({windows, services.files, session, settings, flags, reportFiles});
+    windows.ShowModal(form);
+}
+
+void Program::House::ConnectReports() {
+    checkRun.CreateReports = [this](std::string& errorText) { reportCreation.CreateReports(settings.ReportFolder, 1, errorText); };
+    reportCreation.ShowDialog = [this] { return ShowReportOptions(); };
+    reportCreation.ShowViewer = [this] { ShowReportViewer(); };
+    reportCreation.SendReportsMail = [this](std::int16_t& noRecipient, std::string& errorText) {
+        mailSender.SendReportsMail(noRecipient, errorText);
+    };
+    reportFiles.ShowEmailForm = [this] { ShowEmailForm(); };
+    reportForm.ShowDocumentReports = [this] {
+        session.ViewerFolderChoice = 0;
+        ShowReportViewer();
+    };
+    window.MenuReportsCopy.Click = window.ToolCopyReports.Click = [this] { reportSaver.MenuReportsCopy_Click(); };
+    window.MenuReportsSave.Click = window.ToolSave.Click = [this] { reportCreation.MenuReportsSave_Click(); };
+    window.MenuReportsManage.Click = [this] { ShowReportManager(0); };
+    window.MenuReportsLogs.Click = [this] { ShowReportManager(1); };
+}
+
 void Program::House::ConnectWindow() {
     window.MenuFile.Click = [this] { rules.MenuFile_Click(); };
     window.MenuEdit.Click = [this] { rules.MenuEdit_Click(); };
@@ -314,6 +376,16 @@ void Program::OpenSite(const QuietEntry& entry) {
     house_->quietEntry = entry;
     house_->TakeEntry(entry);
     house_->siteOpen.Command1_Click();
+}
+
+std::vector<std::string> Program::CreateReports(const std::string& folder) {
+    House& h = *house_;
+    std::string mailError;
+    h.reportCreation.CreateReports(folder, 0, mailError);
+    std::vector<std::string> written;
+    for (const auto& path : h.session.AttachmentPaths)
+        if (h.services.files.FileExists(path)) written.push_back(path);
+    return written;
 }
 
 void Program::EndQuietly(bool keepSession) {

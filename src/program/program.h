@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "controls/window_system.h"
 #include "platform/clock.h"
@@ -12,8 +13,11 @@
 #include "platform/ftp1.h"
 #include "platform/http1.h"
 #include "platform/ip_info1.h"
+#include "platform/mime1.h"
+#include "platform/net_code1.h"
 #include "platform/programs.h"
 #include "platform/settings_store.h"
+#include "platform/smtp1.h"
 #include "session/session.h"
 
 namespace qv {
@@ -30,6 +34,9 @@ struct ProgramServices {
     HTTP1& http;
     FTP1& ftp;
     IPInfo1& ipInfo;
+    SMTP1& smtp;
+    MIME1& mime;
+    NetCode1& code;
     SettingsStore& store;
     Programs& programs;
     TimerService& timers;
@@ -69,6 +76,10 @@ class Program {
     };
     void OpenDocument(const QuietEntry& entry);  // both block until the documents are listed or refused
     void OpenSite(const QuietEntry& entry);      // a walk that was stopped is gone on with, if the message box says so
+
+    // Writes the reports of the forms that the settings' dialog flags choose, into a folder that ends in a backslash. Gives the paths
+    // of those that are there then.
+    std::vector<std::string> CreateReports(const std::string& folder);
 
    private:
     struct House;

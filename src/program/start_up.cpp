@@ -1,6 +1,7 @@
 #include "program/start_up.h"
 
 #include "mail/mail_settings_file.h"
+#include "reports/report_options.h"
 #include "session/program_settings.h"
 #include "sitedb/preferences.h"
 #include "sitedb/site_database.h"
@@ -82,10 +83,12 @@ void StartUp::CheckForm_Load() {
     p_.rules.SetToolButtons();
     p_.windows.Unload(p_.initialForm);
     w.SetPointer(Pointer::Default);
-    if (!p_.files.FileExists(p_.session.AppPath + "reprtcfg.zdt")) {
+    if (!ReadReportOptions(p_.files, p_.session.AppPath, p_.settings)) {
         p_.settings.ReportFolder = p_.session.AppPath + "Reports\\";
+        p_.settings.SaveTextReport = kSet;
         p_.settings.QuestionableOnly = kSet;
     }
+    p_.settings.LogFolder = p_.session.AppPath + "Logs\\";
     if (Unattended()) w.SetState(WindowState::Minimised);
 }
 

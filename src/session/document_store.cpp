@@ -16,6 +16,16 @@ HeaderLines DocumentStore::ReadHeader(std::int32_t number) const {
     return ParseHeader(bytes);
 }
 
+std::optional<std::string> DocumentStore::ReadAddress(std::int32_t number) const {
+    constexpr int kLinesBefore = 3;
+    std::string bytes;
+    files_.Read(CacheFile(number, ".qvn"), bytes);
+    LineReader reader(bytes);
+    for (int i = 0; i < kLinesBefore; ++i) reader.Next();
+    if (reader.AtEnd()) return std::nullopt;
+    return std::string(reader.Next());
+}
+
 void DocumentStore::WriteHeader(std::int32_t number, const HeaderLines& lines) {
     files_.Write(CacheFile(number, ".qvn"), ComposeHeader(lines));
 }
@@ -24,11 +34,14 @@ void DocumentStore::SaveLinkList(std::int32_t number) {
     files_.Write(CacheFile(number, ".lks"), composer_.Compose(session_.Links));
 }
 
-void DocumentStore::LoadLinkList(std::int32_t number) {
+FileResult DocumentStore::LoadLinkList(std::int32_t number) {
     std::string bytes;
-    files_.Read(CacheFile(number, ".lks"), bytes);
+    FileResult result = files_.Read(CacheFile(number, ".lks"), bytes);
     ParseLinks(bytes, session_.Links);
+    return result;
 }
+
+bool DocumentStore::HasLinkList(std::int32_t number) const { return files_.FileExists(CacheFile(number, ".lks")); }
 
 std::int32_t DocumentStore::NextCacheNumber() {
     std::string bytes;

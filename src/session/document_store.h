@@ -20,10 +20,13 @@ class DocumentStore {
     DocumentStore(Files& files, Session& session) : files_(files), session_(session) {}
 
     HeaderLines ReadHeader(std::int32_t number) const;
+    // The document's address in its header file; nothing when the file can't be read so far.
+    std::optional<std::string> ReadAddress(std::int32_t number) const;
     void WriteHeader(std::int32_t number, const HeaderLines& lines);
 
     void SaveLinkList(std::int32_t number);                          // the session's link table to the document's file
-    void LoadLinkList(std::int32_t number);                          // and back; an empty table if that fails
+    FileResult LoadLinkList(std::int32_t number);                    // and back; an empty table if that fails
+    bool HasLinkList(std::int32_t number) const;
     std::size_t SavedLinkBytes() const { return composer_.Size(); }  // how long the file was that was saved last
 
     std::int32_t NextCacheNumber();  // takes and counts on the counter of cache\ccounter.txt

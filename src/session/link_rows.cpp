@@ -1,21 +1,47 @@
 #include "session/link_rows.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 #include "text/basic_text.h"
 #include "text/characters.h"
 
 namespace qv {
 namespace {
+constexpr std::size_t kStatusWidth = 6;
 constexpr std::size_t kLabelWidth = 32;
 }
 
+void NumberedText(std::string& label, std::int32_t number, std::string_view text) {
+    std::array<char, 12> digits{};
+    const char* begin = digits.data();
+    const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    label.assign(begin, end).append(". ").append(Trim(text));
+}
+
+namespace {
+
+void AppendLinkRow(std::string& to, std::int32_t number, std::string_view text, std::string_view target, std::string_view status) {
+    thread_local std::string label;  // keeps its room from row to row
+    NumberedText(label, number, text);
+    const std::string_view trimmed = Trim(status);
+    AppendCell(to, trimmed, kStatusWidth, trimmed.size(), "");
+    AppendCell(to, label, kLabelWidth, kLabelWidth - 2, "..");
+    to.append(" [").append(target).append("]");
+}
+
+}  // namespace
+
 std::string LinkRowText(std::int32_t number, std::string_view text, std::string_view target, std::string_view status) {
-    std::string label = std::to_string(number) + ". ";
-    label.append(Trim(text));
-    if (CharacterCount(label) > kLabelWidth) label = std::string(FirstCharacters(label, kLabelWidth - 2)) + "..";
-    std::string row = PadCharacters(Trim(status), 6) + PadCharacters(label, kLabelWidth);
-    return row.append(" [").append(target).append("]");
+    std::string row;
+    AppendLinkRow(row, number, text, target, status);
+    return row;
+}
+
+void BuildLinkRowText(const LinkTable& links, std::int32_t link, std::string& row) {
+    const auto i = static_cast<std::size_t>(link);
+    AppendLinkRow(row, link, links.LinkTexts[i], links.LinkUrls[i], links.LinkFlags[i].Status);
 }
 
 bool IsHiddenStatus(std::string_view status, bool persistentRedirectsOk) {
@@ -64,12 +90,6 @@ void LinkRows::RefreshLinkRow(int row) {
     if (!session_.Links.Has(link)) return;
     list_.SetText(row, RowText(link, row + 1));
     list_.SetSelected(row, session_.Links.LinkFlags[static_cast<std::size_t>(link)].Marked());
-}
-
-std::string LinkRows::BuildLinkRowText(std::int32_t link) const {
-    const auto i = static_cast<std::size_t>(link);
-    const LinkTable& links = session_.Links;
-    return LinkRowText(link, links.LinkTexts[i], links.LinkUrls[i], links.LinkFlags[i].TrimmedStatus());
 }
 
 void LinkRows::SetListExtent() {

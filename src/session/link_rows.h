@@ -13,6 +13,11 @@ namespace qv {
 // Three columns for a fixed-pitch font: the status padded to 6 characters, "<number>. <text>" cut or padded to 32, and the
 // target in brackets behind a blank.
 std::string LinkRowText(std::int32_t number, std::string_view text, std::string_view target, std::string_view status);
+// Appends the same for a link of the table, by its number and address, whatever is hidden: the row of a report.
+void BuildLinkRowText(const LinkTable& links, std::int32_t link, std::string& row);
+
+// "<number>. <trimmed text>".
+void NumberedText(std::string& label, std::int32_t number, std::string_view text);
 
 // Whether a row of this status is left out while good links are hidden (a blank one is, "-->" isn't).
 bool IsHiddenStatus(std::string_view trimmedStatus, bool persistentRedirectsOk);
@@ -29,7 +34,6 @@ class LinkRows {
     void AddLinkRow(std::int32_t link);                     // appends the link's row, unless hiding leaves it out
     void AddAllRows();                                      // AddLinkRow for each link in order
     void RefreshLinkRow(int row);                           // text and selection anew; the number is the row's position then
-    std::string BuildLinkRowText(std::int32_t link) const;  // for reports: by address, whatever is hidden
     void SetListExtent();                                   // the horizontal extent, from the longest row
 
    private:

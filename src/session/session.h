@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/last_error.h"
 #include "platform/programs.h"
@@ -22,7 +23,32 @@ struct DocumentHeader {
     std::int16_t SiteRecordNumber = 0;
 };
 
-struct Session : DocumentHeader {
+// Reports and logs by their bare names, as they were written or found last, and the files of the next mail.
+struct ReportLists {
+    std::vector<std::string> TextReportNames;
+    std::vector<std::string> AsciiReportNames;
+    std::vector<std::string> HtmlReportNames;
+    std::vector<std::string> AllReportNames;
+    std::vector<std::string> AttachmentPaths;
+    std::vector<std::string> AttachmentNames;
+    std::int16_t ReportListKind = 0;      // the list on show: 0 text, 1 ascii, 2 html, 3 all
+    std::int16_t ManagerShowsLogs = 0;    // 1: the manager lists logs
+    std::int16_t ViewerFolderChoice = 0;  // 1: the viewer looks in ReportFolder, else in LogFolder
+
+    void ClearNames() {
+        for (auto* names : {&TextReportNames, &AsciiReportNames, &HtmlReportNames, &AllReportNames}) names->clear();
+    }
+    void ClearAttachments() {
+        AttachmentPaths.clear();
+        AttachmentNames.clear();
+    }
+    void Attach(const std::string& folder, const std::string& name) {
+        AttachmentPaths.push_back(folder + name);
+        AttachmentNames.push_back(name);
+    }
+};
+
+struct Session : DocumentHeader, ReportLists {
     std::string AppPath;  // with a backslash at its end
     std::string WindowsFolder;
     std::string LineBreak = "\r\n";

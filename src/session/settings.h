@@ -67,9 +67,19 @@ struct ProgramSettings {
     Flag PersistentRedirectsOk = kSet;
 };
 
-struct Settings : EntrySettings, ProgramSettings {};
+// What the dialog of the reports chooses, beside the folder and the filter. Lines of reprtcfg.zdt.
+struct ReportSettings {
+    Flag SaveTextReport = kClear;
+    Flag SaveAsciiReport = kClear;
+    Flag SaveHtmlReport = kClear;
+    Flag SaveAllInOne = kClear;  // stored and shown only
+    Flag SaveOneOnly = kClear;   // the selected document instead of all
+    std::string LogFolder;       // of the logs, with a backslash at its end
+};
 
-// The mail values, lines of emailcfg.zdt.
+struct Settings : EntrySettings, ProgramSettings, ReportSettings {};
+
+// The mail values. The first nine are lines of emailcfg.zdt.
 struct MailSettings {
     std::string MailServer;
     std::string MailFromAddress;
@@ -80,6 +90,8 @@ struct MailSettings {
     std::string MailAuthName;
     std::string MailAuthPassword;
     std::string MailAuthRequired;  // "Yes" or "No"
+    std::string MailCopyList;      // addresses, each followed by a comma
+    std::string MailBody;
 };
 
 // A text bounded by blanks as its parts: blanks at the left end are removed, and each blank ends a part, also an empty one.

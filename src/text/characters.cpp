@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace qv {
 namespace {
@@ -52,7 +53,22 @@ constexpr std::array<std::uint16_t, 32> kCodePage = {0x20AC, 0x0081, 0x201A, 0x0
 
 }  // namespace
 
+bool IsAscii(std::string_view text) {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080u;
+    const char* at = text.data();
+    std::size_t left = text.size();
+    std::uint64_t found = 0;
+    for (; left >= sizeof found; at += sizeof found, left -= sizeof found) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, at, sizeof eight);
+        found |= eight;
+    }
+    for (; left > 0; ++at, --left) found |= static_cast<unsigned char>(*at);
+    return (found & kHighBits) == 0;
+}
+
 bool IsUtf8(std::string_view text) {
+    if (IsAscii(text)) return true;
     while (!text.empty()) {
         const std::size_t length = SequenceLength(text);
         if (length == 0) return false;
@@ -62,14 +78,14 @@ bool IsUtf8(std::string_view text) {
 }
 
 std::size_t CharacterCount(std::string_view text) {
-    if (!IsUtf8(text)) return text.size();
+    if (IsAscii(text) || !IsUtf8(text)) return text.size();
     std::size_t count = 0;
     for (const char c : text) count += Continues(c) ? 0 : 1;
     return count;
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-    if (!IsUtf8(text)) return text.substr(0, count);
+    if (IsAscii(text) || !IsUtf8(text)) return text.substr(0, count);
     std::size_t at = 0;
     while (at < text.size() && count > 0) {
         ++at;
@@ -82,6 +98,14 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
 std::string PadCharacters(std::string_view text, std::size_t count) {
     const std::size_t have = CharacterCount(text);
     return std::string(text) + std::string(have < count ? count - have : 0, ' ');
+}
+
+void AppendCell(std::string& to, std::string_view text, std::size_t width, std::size_t cut, std::string_view dots) {
+    const std::size_t count = CharacterCount(text);
+    if (count > width)
+        to.append(FirstCharacters(text, cut)).append(dots);
+    else
+        to.append(text).append(width - count, ' ');
 }
 
 std::string_view FitBytes(std::string_view text, std::size_t bytes) {

@@ -2,6 +2,7 @@
 
 #include "desktop/views/check_form_view.h"
 #include "desktop/views/config_form_view.h"
+#include "desktop/views/email_form_view.h"
 #include "desktop/views/plain_view.h"
 #include "desktop/views/report_views.h"
 #include "desktop/views/small_views.h"
@@ -19,8 +20,11 @@ FormWindow* Try(Form& form, QWidget* parent) {
 }  // namespace
 
 FormWindow* MakeView(Form& form, QWidget* parent) {
-    for (const auto attempt : {Try<CheckForm, CheckFormView>, Try<InitialForm, InitialFormView>, Try<TipForm, TipFormView>,
-                               Try<CodeForm, CodeFormView>, Try<ReportForm, ReportFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>})
+    for (const auto attempt :
+         {Try<CheckForm, CheckFormView>, Try<InitialForm, InitialFormView>, Try<TipForm, TipFormView>, Try<CodeForm, CodeFormView>,
+          Try<ReportForm, ReportFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>,
+          Try<frmform, ReportOptionsView>, Try<ReportManagerForm, ReportManagerView>, Try<ReportSelectForm, ReportSelectView>,
+          Try<EmailForm, EmailFormView>})
         if (FormWindow* view = attempt(form, parent)) return view;
     return new PlainView(form, parent);
 }

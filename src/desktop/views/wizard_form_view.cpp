@@ -15,14 +15,6 @@ namespace {
 
 using Style = TextLabel::Style;
 
-QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int stretched = -1) {
-    auto* row = new QHBoxLayout;
-    int index = 0;
-    for (QWidget* widget : widgets) row->addWidget(widget, index++ == stretched ? 1 : 0);
-    if (stretched < 0) row->addStretch();
-    return row;
-}
-
 }  // namespace
 
 WizardFormView::WizardFormView(WizardForm& form, QWidget* parent) : FormWindow(form, parent, Qt::Dialog) {

@@ -14,6 +14,7 @@ namespace qv {
 namespace {
 
 constexpr mode_t kOwnerOnly = 0600;  // some of the files hold passwords
+constexpr mode_t kDocument = 0666;   // less the user's mask
 constexpr std::size_t kReadStep = 4096;
 
 FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }
@@ -53,11 +54,11 @@ int WriteAll(int descriptor, std::string_view bytes) {
 }
 
 // Makes a new file in a folder and opens it for writing; its name fits no mask of the program's own files. Gives -1 on failure.
-int CreateTemporary(const std::string& folder, std::string& path) {
+int CreateTemporary(const std::string& folder, mode_t mode, std::string& path) {
     constexpr int kMostTries = 100;
     for (int number = 0; number < kMostTries; ++number) {
         path = folder + ".quorvantis-" + std::to_string(getpid()) + "-" + std::to_string(number);
-        const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
+        const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (file >= 0 || errno != EEXIST) return file;
     }
     return -1;
@@ -66,6 +67,37 @@ int CreateTemporary(const std::string& folder, std::string& path) {
 bool Status(const std::string& path, struct stat& status) {
     return !HasNul(path) && stat(NativePath(path).c_str(), &status) == 0;
 }
+
+class SystemReplacer : public FileReplacer {
+   public:
+    SystemReplacer(std::string target, mode_t mode)
+        : target_(std::move(target)), file_(CreateTemporary(target_.substr(0, target_.rfind('/') + 1), mode, temporary_)) {
+        if (!file_.Open()) error_ = errno;
+    }
+    ~SystemReplacer() override {
+        if (file_.Open()) unlink(temporary_.c_str());
+    }
+    int Error() const { return error_; }
+    bool Append(std::string_view bytes) override {
+        if (error_ == 0) error_ = WriteAll(file_.Number(), bytes);
+        return error_ == 0;
+    }
+    FileResult Finish() override {
+        if (!file_.Open()) return Failure(error_);
+        const int closing = file_.Close();
+        if (error_ == 0) error_ = closing;
+        if (error_ == 0 && rename(temporary_.c_str(), target_.c_str()) != 0) error_ = errno;
+        if (error_ == 0) return {};
+        unlink(temporary_.c_str());
+        return Failure(error_);
+    }
+
+   private:
+    std::string target_;
+    std::string temporary_;
+    Descriptor file_;
+    int error_ = 0;
+};
 
 class SystemAppender : public FileAppender {
    public:
@@ -127,20 +159,16 @@ FileResult SystemFiles::Read(const std::string& path, std::string& bytes, std::i
 
 FileResult SystemFiles::Write(const std::string& path, std::string_view bytes) {
     if (HasNul(path)) return Failure(ENOENT);
-    const std::string target = NativePath(path);
-    std::string temporary;
-    int error = 0;
-    {
-        Descriptor file(CreateTemporary(target.substr(0, target.rfind('/') + 1), temporary));
-        if (!file.Open()) return Failure(errno);
-        error = WriteAll(file.Number(), bytes);
-        const int closing = file.Close();
-        if (error == 0) error = closing;
-    }
-    if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
-    if (error == 0) return {};
-    unlink(temporary.c_str());
-    return Failure(error);
+    SystemReplacer file(NativePath(path), kOwnerOnly);
+    file.Append(bytes);
+    return file.Finish();
+}
+
+std::unique_ptr<FileReplacer> SystemFiles::Replace(const std::string& path) {
+    if (HasNul(path)) return nullptr;
+    auto file = std::make_unique<SystemReplacer>(NativePath(path), kDocument);
+    if (file->Error() != 0) return nullptr;
+    return file;
 }
 
 std::unique_ptr<FileAppender> SystemFiles::Create(const std::string& path) {

@@ -39,6 +39,10 @@ class FakeFiles : public Files {
         writes.push_back(path);
         return {};
     }
+    std::unique_ptr<FileReplacer> Replace(const std::string& path) override {
+        if (writesFail) return nullptr;
+        return std::make_unique<Replacer>(*this, path);
+    }
     std::unique_ptr<FileAppender> Create(const std::string& path) override {
         if (writesFail) return nullptr;
         files[path].clear();
@@ -87,6 +91,20 @@ class FakeFiles : public Files {
     std::map<std::string, std::string> sameFolder;  // a folder that is another one under a second name
 
    private:
+    class Replacer : public FileReplacer {
+       public:
+        Replacer(FakeFiles& disk, std::string path) : disk_(disk), path_(std::move(path)) {}
+        bool Append(std::string_view more) override {
+            bytes_.append(more);
+            return !disk_.writesFail;
+        }
+        FileResult Finish() override { return disk_.Write(path_, bytes_); }
+
+       private:
+        FakeFiles& disk_;
+        std::string path_;
+        std::string bytes_;
+    };
     class Appender : public FileAppender {
        public:
         explicit Appender(std::string& bytes) : bytes_(bytes) {}

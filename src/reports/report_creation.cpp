@@ -1,0 +1,80 @@
+#include "reports/report_creation.h"
+
+#include <array>
+
+#include "controls/window_system.h"
+#include "extract/url_text.h"
+#include "text/basic_text.h"
+
+namespace qv {
+namespace {
+
+constexpr const char* kMailQuestion = "Reports were created, do you want to Email them now?";
+
+struct FormOfReport {
+    ReportKind kind;
+    const char* suffix;
+    Flag ReportSettings::*chosen;
+    Flag EntrySettings::*automatic;
+    std::vector<std::string> ReportLists::*names;
+};
+constexpr std::array<FormOfReport, 3> kForms = {
+    {{ReportKind::Text, "_text.txt", &ReportSettings::SaveTextReport, &EntrySettings::MakeTextReport, &ReportLists::TextReportNames},
+     {ReportKind::Ascii, "_ascii.txt", &ReportSettings::SaveAsciiReport, &EntrySettings::MakeAsciiReport, &ReportLists::AsciiReportNames},
+     {ReportKind::Html, "_html.htm", &ReportSettings::SaveHtmlReport, &EntrySettings::MakeHtmlReport, &ReportLists::HtmlReportNames}}};
+
+}  // namespace
+
+std::string ReportCreation::BaseName() const {
+    const ListBox& documents = p_.window.txtFileName;
+    std::string name(Trim(documents.Text(documents.ListIndex())));
+    if (p_.settings.SaveOneOnly == 0) name = p_.session.SiteUrl + "all";
+    MakeFileNameText(name);
+    return name;
+}
+
+void ReportCreation::CreateReports(const std::string& folder, std::int16_t automatic, std::string& mailError) {
+    mailError.clear();
+    CheckForm& w = p_.window;
+    w.SetPointer(Pointer::Wait);
+    p_.session.ClearNames();
+    p_.session.ClearAttachments();
+    if (w.txtFileName.Count() > 0) {
+        const std::string base = BaseName();
+        const std::int32_t selected = w.txtFileName.ItemData(w.txtFileName.ListIndex());
+        for (const FormOfReport& form : kForms) {
+            if ((automatic != 0 ? p_.settings.*form.automatic : p_.settings.*form.chosen) == 0) continue;
+            const std::string name = base + form.suffix;
+            p_.saver.SaveReports(folder + name, selected, static_cast<std::int16_t>(form.kind), 1);
+            p_.session.*form.names = {name};
+            p_.session.Attach(folder, name);
+        }
+    }
+    if (automatic != 0) MailReports(mailError);
+    w.SetPointer(Pointer::Default);
+}
+
+void ReportCreation::MailReports(std::string& mailError) {
+    const bool wanted = p_.settings.EmailReports != 0 && !p_.session.AttachmentPaths.empty();
+    if (!wanted || Trim(p_.mail.MailServer).empty() || Trim(p_.mail.MailFromAddress).empty()) return;
+    const bool asked = p_.settings.AutoCheckLinks == 0;
+    if (asked && p_.window.Windows().ShowMessage({.text = kMailQuestion, .buttons = {"Yes", "No"}, .defaultButton = "Yes", .question = true}) != "Yes")
+        return;
+    p_.window.LabelInd.SetCaption("Emailing Reports...");
+    std::int16_t noRecipient = 0;
+    SendReportsMail(noRecipient, mailError);
+}
+
+void ReportCreation::MenuReportsSave_Click() {
+    if (!ShowDialog()) return;
+    Control* focus = p_.window.Focus();
+    p_.rules.DisableControls();
+    std::string mailError;
+    CreateReports(p_.settings.ReportFolder, 0, mailError);
+    p_.rules.EnableControls();
+    if (focus != nullptr) focus->SetFocus();
+    p_.session.ViewerFolderChoice = 1;
+    ShowViewer();
+}
+
+}  // namespace qv
