@@ -28,6 +28,11 @@ int main(int argc, char** argv) {
     app.add_option("--user", options.user, "NAME:PASSWORD for the page's own host");
     auto* home = app.add_option("--home", options.home, "keep the session in this folder");
     app.add_flag("--resume", options.resume, "go on with a site that was stopped")->needs(home);
+    auto* report = app.add_option("--report", options.reports, "write a report: text, ascii or html; may be given more than once")
+                       ->allow_extra_args(false)
+                       ->check(CLI::IsMember({"text", "ascii", "html"}));
+    app.add_option("--folder", options.folder, "the folder of the reports")->needs(report)->check(CLI::ExistingDirectory);
+    app.add_flag("--questionable-only", options.questionableOnly, "leave good links out of the reports")->needs(report);
     app.add_flag("--list-all", options.listAll, "print the good links too");
     try {
         app.parse(argc, argv);

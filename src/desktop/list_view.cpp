@@ -112,9 +112,18 @@ void ListView::SetBarsIfDue() {
     if (std::exchange(barsDue_, false)) SetBars();
 }
 
+long ListView::Extent() const {
+    if (list_ == nullptr) return 0;
+    long extent = list_->HorizontalExtent();
+    const QFontMetrics metrics(font());
+    for (int row = 0; measuresRows_ && row < list_->Count(); ++row)
+        extent = std::max<long>(extent, metrics.horizontalAdvance(ToQt(list_->Text(row))) + kMargin);
+    return extent;
+}
+
 void ListView::SetBars() {
     const int rows = list_ == nullptr ? 0 : list_->Count();
-    const long extent = list_ == nullptr ? 0 : list_->HorizontalExtent();
+    const long extent = Extent();
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, rows * rowHeight_ - viewport()->height()));
     const long wide = rows == 0 ? 0 : extent + TextLeft() - viewport()->width();

@@ -37,6 +37,8 @@ class ListView : public QAbstractScrollArea {
     int RowAt(const QPoint& at) const;  // -1 for none
     int LastRowSeen() const;            // whole; -1 for none
     void EnsureVisible(int row);
+    // The rows themselves tell how far the list can be scrolled sideways, as well as the list's extent. For short lists.
+    void SetMeasuresRows() { measuresRows_ = true; }
     void SetHintRows(int rows) { hintRows_ = rows; }  // how many rows the view asks room for
     void SetPlaceholder(const QString& text) { placeholder_ = text; }  // shown while there are no rows
     std::function<void()> Scrolled;  // sideways, or the view's width changed
@@ -61,6 +63,7 @@ class ListView : public QAbstractScrollArea {
     void Schedule();
     void Settle();
     void SetBars();
+    long Extent() const;  // pixels
     void SetBarsIfDue();
     void PaintRow(QPainter& painter, int row, const QRect& place) const;
     void PaintText(QPainter& painter, int row, const QRect& place, const QColor& colour) const;
@@ -72,6 +75,7 @@ class ListView : public QAbstractScrollArea {
     double characterWidth_ = 1;  // pixels; of a narrow one where the font has no fixed pitch
     QString placeholder_;
     int hintRows_ = 12;
+    bool measuresRows_ = false;
     int shownCurrent_ = -1;
     bool scheduled_ = false;
     bool followDue_ = false;  // the current row has changed and is to be seen

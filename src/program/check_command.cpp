@@ -1,5 +1,6 @@
 #include "program/check_command.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -142,6 +143,26 @@ void Open(const CheckOptions& options, const Files& files, Program& program) {
         program.OpenDocument(entry);
 }
 
+// Writes the reports that are wanted; false when one of them didn't come about.
+bool WriteReports(const CheckOptions& options, Program& program) {
+    if (options.reports.empty()) return true;
+    Settings& settings = program.SharedSettings();
+    const auto wanted = [&](const char* form) {
+        return FlagOf(std::find(options.reports.begin(), options.reports.end(), form) != options.reports.end());
+    };
+    settings.SaveTextReport = wanted("text");
+    settings.SaveAsciiReport = wanted("ascii");
+    settings.SaveHtmlReport = wanted("html");
+    program.MainWindow().txtFileName.SetListIndex(0);  // the report is named for the first document's site
+    settings.QuestionableOnly = FlagOf(options.questionableOnly);
+    std::string folder = PathText(options.folder);
+    if (!EndsWith(folder, "\\")) folder += "\\";
+    const Program::ReportPaths outcome = program.CreateReports(folder);
+    for (const auto& path : outcome.written) std::fprintf(stderr, "Report: %s\n", NativePath(path).c_str());
+    for (const auto& path : outcome.failed) std::fprintf(stderr, "This report couldn't be written: %s\n", NativePath(path).c_str());
+    return outcome.failed.empty();
+}
+
 int Check(const CheckOptions& options, const Files& files, Program& program, TerminalWindows& terminal, bool& interrupted) {
     CheckForm& window = program.MainWindow();
     terminal.Progress("Opening " + options.address);
@@ -159,6 +180,7 @@ int Check(const CheckOptions& options, const Files& files, Program& program, Ter
     const std::string closingLine = window.LabelInd.Caption();
     PrintDocuments(options, program);
     std::printf("%s\n", closingLine.c_str());
+    if (!WriteReports(options, program)) return kExitNotOpened;
     if (program.CheckRun().RunStopped() || interrupted) return kExitStopped;
     return program.CheckRun().QuestionableCount() == 0 ? kExitNothingQuestionable : kExitQuestionable;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace qv {
 
@@ -25,11 +26,14 @@ struct CheckOptions {
     std::string user;   // NAME:PASSWORD
     std::string home;   // the folder of the session; empty: a scratch folder that is removed at the end
     bool listAll = false;
+    std::vector<std::string> reports;  // forms to write behind the check: "text", "ascii", "html"
+    std::string folder = ".";          // where to
+    bool questionableOnly = false;     // only questionable links in them
 };
 
 inline constexpr int kExitNothingQuestionable = 0;
 inline constexpr int kExitQuestionable = 1;
-inline constexpr int kExitNotOpened = 2;
+inline constexpr int kExitNotOpened = 2;  // also when a report couldn't be written
 inline constexpr int kExitStopped = 3;
 inline constexpr int kExitUsage = 64;
 

@@ -1,5 +1,6 @@
 #include "program/program.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "check/code_form.h"
@@ -378,14 +379,15 @@ void Program::OpenSite(const QuietEntry& entry) {
     house_->siteOpen.Command1_Click();
 }
 
-std::vector<std::string> Program::CreateReports(const std::string& folder) {
+Program::ReportPaths Program::CreateReports(const std::string& folder) {
     House& h = *house_;
     std::string mailError;
     h.reportCreation.CreateReports(folder, 0, mailError);
-    std::vector<std::string> written;
+    ReportPaths paths;
+    paths.failed = h.reportCreation.NotWritten();
     for (const auto& path : h.session.AttachmentPaths)
-        if (h.services.files.FileExists(path)) written.push_back(path);
-    return written;
+        if (std::find(paths.failed.begin(), paths.failed.end(), path) == paths.failed.end()) paths.written.push_back(path);
+    return paths;
 }
 
 void Program::EndQuietly(bool keepSession) {

@@ -77,9 +77,12 @@ class Program {
     void OpenDocument(const QuietEntry& entry);  // both block until the documents are listed or refused
     void OpenSite(const QuietEntry& entry);      // a walk that was stopped is gone on with, if the message box says so
 
-    // Writes the reports of the forms that the settings' dialog flags choose, into a folder that ends in a backslash. Gives the paths
-    // of those that are there then.
-    std::vector<std::string> CreateReports(const std::string& folder);
+    // Writes the reports that the settings' Save flags choose, into a folder that ends in a backslash.
+    struct ReportPaths {
+        std::vector<std::string> written;
+        std::vector<std::string> failed;
+    };
+    ReportPaths CreateReports(const std::string& folder);
 
    private:
     struct House;

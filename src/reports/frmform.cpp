@@ -19,7 +19,7 @@ void Exclude(const CheckBox& box, CheckBox& other) {
 }  // namespace
 
 frmform::frmform(Parts parts) : Form(parts.windows, "frmform", "Create Link Check Reports"), p_(parts) {
-    SetSize(440, 400);
+    SetSize(460, 320);
     SetDefaultButton(&cmdOK);
     SetCancelButton(&cmdCancel);
     ComHelp.SetEnabled(false);

@@ -37,6 +37,7 @@ void ReportCreation::CreateReports(const std::string& folder, std::int16_t autom
     mailError.clear();
     CheckForm& w = p_.window;
     w.SetPointer(Pointer::Wait);
+    notWritten_.clear();
     p_.session.ClearNames();
     p_.session.ClearAttachments();
     if (w.txtFileName.Count() > 0) {
@@ -45,7 +46,8 @@ void ReportCreation::CreateReports(const std::string& folder, std::int16_t autom
         for (const FormOfReport& form : kForms) {
             if ((automatic != 0 ? p_.settings.*form.automatic : p_.settings.*form.chosen) == 0) continue;
             const std::string name = base + form.suffix;
-            p_.saver.SaveReports(folder + name, selected, static_cast<std::int16_t>(form.kind), 1);
+            if (!p_.saver.SaveReports(folder + name, selected, static_cast<std::int16_t>(form.kind), 1))
+                notWritten_.push_back(folder + name);
             p_.session.*form.names = {name};
             p_.session.Attach(folder, name);
         }

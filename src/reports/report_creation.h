@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "mainwindow/check_form.h"
 #include "mainwindow/window_rules.h"
@@ -28,6 +29,9 @@ class ReportCreation {
     // those that the open entry asks for, which are mailed then if it asks for that too. `mailError` is empty unless the mail failed.
     void CreateReports(const std::string& folder, std::int16_t automatic, std::string& mailError);
 
+    // The paths that the last CreateReports couldn't write.
+    const std::vector<std::string>& NotWritten() const { return notWritten_; }
+
     void MenuReportsSave_Click();  // the dialog, the reports, and the viewer
 
     std::function<bool()> ShowDialog;   // modally; false when it was cancelled
@@ -39,6 +43,7 @@ class ReportCreation {
     void MailReports(std::string& mailError);
 
     Parts p_;
+    std::vector<std::string> notWritten_;
 };
 
 }  // namespace qv

@@ -19,22 +19,24 @@ const char* StatusText(ReportKind kind) {
 
 }  // namespace
 
-void ReportSaver::SaveReports(const std::string& fileName, std::int32_t currentDocument, std::int16_t reportKind,
+bool ReportSaver::SaveReports(const std::string& fileName, std::int32_t currentDocument, std::int16_t reportKind,
                               std::int16_t scope) {
     CheckForm& w = p_.window;
     w.SetPointer(Pointer::Wait);
     w.ProgressBar1.SetValue(0);
     w.ProgressBar1.SetVisible(true);
     w.Picture1.SetVisible(false);
+    bool written = false;
     if (reportKind >= 0 && reportKind <= static_cast<std::int16_t>(ReportKind::Html))
-        Write(fileName, static_cast<ReportKind>(reportKind), scope == 1 && p_.settings.SaveOneOnly != 0);
+        written = Write(fileName, static_cast<ReportKind>(reportKind), scope == 1 && p_.settings.SaveOneOnly != 0);
     if (currentDocument > 0) p_.store.LoadLinkList(currentDocument);
     w.SetPointer(Pointer::Default);
     w.ProgressBar1.SetValue(0);
     w.StatusBar1.SetText("Done.");
+    return written;
 }
 
-void ReportSaver::Write(const std::string& fileName, ReportKind kind, bool oneOnly) {
+bool ReportSaver::Write(const std::string& fileName, ReportKind kind, bool oneOnly) {
     CheckForm& w = p_.window;
     const ListBox& documents = w.txtFileName;
     const int first = oneOnly ? documents.ListIndex() : 0;
@@ -54,7 +56,7 @@ void ReportSaver::Write(const std::string& fileName, ReportKind kind, bool oneOn
         p_.loop.YieldIfDue();
     }
     writer->End();
-    if (file) file->Finish();
+    return file && file->Finish();
 }
 
 void ReportSaver::WriteDocument(ReportWriter& writer, ReportKind kind, int document, std::string& address) {

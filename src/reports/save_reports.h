@@ -30,15 +30,16 @@ class ReportSaver {
 
     // Creates or replaces the file. `currentDocument` is the number of the document that is selected: its links are in memory again
     // afterwards. With `scope` 1 the setting SaveOneOnly restricts the report to it. A kind that there isn't writes nothing. Events
-    // are handled meanwhile, so the caller keeps other commands from starting. Failures are passed over; the old file stays then.
-    void SaveReports(const std::string& fileName, std::int32_t currentDocument, std::int16_t reportKind, std::int16_t scope);
+    // are handled meanwhile, so the caller keeps other commands from starting. Failures are passed over; the old file stays then,
+    // and the result is false.
+    bool SaveReports(const std::string& fileName, std::int32_t currentDocument, std::int16_t reportKind, std::int16_t scope);
 
     // The questionable links of the selected document. A links file that is there and can't be read ends it with a message.
     void MenuReportsCopy_Click();
 
    private:
     std::string Identifier() const { return p_.session.SiteUrl + p_.session.SiteFileName; }
-    void Write(const std::string& fileName, ReportKind kind, bool oneOnly);
+    bool Write(const std::string& fileName, ReportKind kind, bool oneOnly);
     void WriteDocument(ReportWriter& writer, ReportKind kind, int document, std::string& address);
     FileResult CopyReport();
 

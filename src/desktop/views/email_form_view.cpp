@@ -25,9 +25,11 @@ EmailFormView::EmailFormView(EmailForm& form, QWidget* parent) : FormWindow(form
     grid->addWidget(Make(form.ComAdd), row, 2);
 
     ListView* copies = Make(form.ListCC);
-    copies->SetHintRows(4);
+    copies->SetHintRows(5);
+    copies->SetMeasuresRows();
     copies->SetPlaceholder("The addresses that you write to are kept here.");
     row = field(form.LabelCC, copies, Qt::AlignTop);
+    grid->setRowStretch(row, 1);
     auto* beside = new QVBoxLayout;
     beside->addWidget(Make(form.CheckBCC));
     TextLabel* hint = Make(form.LabelHint, TextLabel::Style::Wrapped);
@@ -44,6 +46,7 @@ EmailFormView::EmailFormView(EmailForm& form, QWidget* parent) : FormWindow(form
     grid->addWidget(Make(form.CheckComments), grid->rowCount(), 1);
     ListView* reports = Make(form.List1);
     reports->SetHintRows(4);
+    reports->SetMeasuresRows();
     row = field(form.LabelReports, reports, Qt::AlignTop);
     grid->setRowStretch(row, 1);
 

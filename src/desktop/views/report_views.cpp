@@ -57,6 +57,7 @@ ReportManagerView::ReportManagerView(ReportManagerForm& form, QWidget* parent) :
     whole->addSpacing(kGap / 2);
     ListView* list = Make(form.List1);
     list->SetPlaceholder("There is nothing in this folder yet.");
+    list->SetMeasuresRows();
     whole->addWidget(MakeFor(form.Label2, list));
 
     QGroupBox* kinds = MakeBox(form.Frame1);
@@ -78,6 +79,7 @@ ReportSelectView::ReportSelectView(ReportSelectForm& form, QWidget* parent) : Fo
     ListView* list = Make(form.List1);
     list->SetHintRows(6);
     list->SetPlaceholder("No report was written.");
+    list->SetMeasuresRows();
     whole->addWidget(MakeFor(form.Label1, list));
     QGroupBox* kinds = MakeBox(form.Frame1);
     auto* options = new QVBoxLayout(kinds);
