@@ -69,6 +69,16 @@ class Scratch:
         self.write("session.zdt", old + ("%s\r\n %d \r\n" % (address, number)).encode())
         self.write("cache/ccounter.txt", b"%05d" % number)
 
+    def patch(self, name, values):
+        """Changes fields of a record file: 16-bit numbers by the place of their bytes, texts padded to a width by (place, width)."""
+        data = bytearray(self.read(name))
+        for place, value in values.items():
+            if isinstance(place, tuple):
+                data[place[0]:place[0] + place[1]] = value.encode().ljust(place[1])
+            else:
+                data[place:place + 2] = value.to_bytes(2, "little", signed=True)
+        self.write(name, bytes(data))
+
     def remove(self):
         shutil.rmtree(self.root, ignore_errors=True)
 

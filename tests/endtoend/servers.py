@@ -1,9 +1,13 @@
-"""Servers on the loopback: one with odd manners that keeps every byte it was sent, and a real nginx."""
+"""Servers on the loopback: those with odd manners, which keep what they were sent, and real ones."""
+import base64
+import json
 import os
+import queue
 import shutil
 import socket
 import struct
 import subprocess
+import sys
 import tempfile
 import threading
 import time
@@ -187,6 +191,108 @@ log_ftp_protocol=YES
         self.process.terminate()
         self.process.wait(10)
         shutil.rmtree(self.root, ignore_errors=True)
+
+
+def python_with(module):
+    """A Python that has the module: the one that runs, or the system's."""
+    for python in (sys.executable, "/usr/bin/python3"):
+        if subprocess.run([python, "-c", "import " + module], stderr=subprocess.DEVNULL).returncode == 0:
+            return python
+    return None
+
+
+class MailDaemon:
+    """A real mail server. What it took: sender, recipients, user, mechanism, tls, data (bytes) of each message."""
+
+    def __init__(self, *options, host="127.0.0.1", port=0):
+        script = str(Path(__file__).parent / "mail_daemon.py")
+        self.process = subprocess.Popen([python_with("aiosmtpd"), script, host, str(port), *options], stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, text=True)
+        self._mails = []
+        self._lines = queue.Queue()
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        self.port = self._lines.get(timeout=20)["port"]
+        self.name = "%s:%d" % (host, self.port)
+
+    def _read(self):
+        for line in self.process.stdout:
+            what = json.loads(line)
+            if what["event"] == "mail":
+                what["data"] = base64.b64decode(what["data"])
+                self._mails.append(what)
+            else:
+                self._lines.put(what)
+
+    def mails(self, count):
+        """The messages, which are so many; waits for the server's word about them. For none the server is ended first."""
+        if count == 0:
+            self.stop()
+        for _ in range(500):
+            if len(self._mails) >= count:
+                break
+            time.sleep(0.02)
+        assert len(self._mails) == count, "%d mails instead of %d" % (len(self._mails), count)
+        return self._mails
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(10)
+        self._reader.join(10)
+        self.process.stdout.close()
+
+
+class FaultyMail:
+    """A mail server that hangs ("hang") or breaks off ("break") at one step: "greeting", the first word of a command, or
+    "message", behind the message's end. A hang ends with let_go(), which closes the connection."""
+
+    def __init__(self, step, fault):
+        self.step, self.fault = step, fault
+        self.reached = threading.Event()
+        self.released = threading.Event()
+        self.closed = threading.Event()
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.name = "127.0.0.1:%d" % self.listener.getsockname()[1]
+        threading.Thread(target=self._serve, daemon=True).start()
+
+    def _serve(self):
+        try:
+            connection, _ = self.listener.accept()
+        except OSError:
+            return
+        with connection:
+            self._talk(connection, connection.makefile("rb"))
+        self.closed.set()
+
+    def _say(self, connection, step, reply):
+        if step == self.step:
+            self.reached.set()
+            if self.fault == "hang":
+                self.released.wait(60)
+            return False
+        connection.sendall(reply)
+        return True
+
+    def _talk(self, connection, stream):
+        if not self._say(connection, "greeting", b"220 test\r\n"):
+            return
+        for line in stream:
+            verb = line.decode("latin-1").replace(":", " ").split()[0].upper()
+            reply = {"DATA": b"354 go on\r\n", "QUIT": b"221 bye\r\n"}.get(verb, b"250 ok\r\n")
+            if not self._say(connection, verb, reply) or verb == "QUIT":
+                return
+            if verb == "DATA":
+                while stream.readline() not in (b".\r\n", b""):
+                    pass
+                if not self._say(connection, "message", b"250 taken\r\n"):
+                    return
+
+    def let_go(self):
+        self.released.set()
+
+    def stop(self):
+        self.let_go()
+        self.listener.close()
 
 
 def wait_for_port(port, what):

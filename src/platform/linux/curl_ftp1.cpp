@@ -1,5 +1,8 @@
 #include "platform/linux/curl_ftp1.h"
 
+#include <sys/select.h>
+
+#include <algorithm>
 #include <utility>
 
 #include "text/basic_text.h"
@@ -7,7 +10,8 @@
 namespace qv {
 namespace {
 
-constexpr double kGrace = 15;  // seconds beyond the time-out
+constexpr double kGrace = 15;      // seconds beyond the time-out
+constexpr double kBlindWait = 0.1;  // seconds, while libcurl waits for something that it doesn't show
 
 bool IsCode(std::string_view text) {
     return text.size() == 3 && text.substr(1).find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos &&
@@ -35,7 +39,7 @@ std::string EncodePath(std::string_view path) {
 }  // namespace
 
 CurlFtp1::CurlFtp1(EventLoop& loop, LastError& lastError)
-    : loop_(loop), lastError_(lastError), easy_(curl_easy_init()), transfer_(std::make_unique<CurlPerform>(loop, easy_)) {
+    : loop_(loop), lastError_(lastError), easy_(curl_easy_init()) {
     curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy_, CURLOPT_PROTOCOLS_STR, "ftp");
     curl_easy_setopt(easy_, CURLOPT_PROXY, "");
@@ -48,13 +52,18 @@ CurlFtp1::CurlFtp1(EventLoop& loop, LastError& lastError)
 }
 
 CurlFtp1::~CurlFtp1() {
-    transfer_.reset();
+    EndAll();
     curl_easy_cleanup(easy_);
 }
 
+// Closes the session's connections.
 void CurlFtp1::EndAll() {
     loggedOn_ = false;
-    transfer_->CloseConnections();
+    if (multi_ == nullptr) return;
+    UnwatchAll();
+    if (running_ != Step::None) curl_multi_remove_handle(multi_, easy_);
+    curl_multi_cleanup(multi_);
+    multi_ = nullptr;
 }
 
 void CurlFtp1::SetAction(ActionCode action) {
@@ -71,7 +80,8 @@ void CurlFtp1::SetAction(ActionCode action) {
 void CurlFtp1::Stop() {
     loggedOn_ = false;
     if (running_ != Step::None && !began_) interrupted_ = true;
-    transfer_->End();
+    ended_ = ended_ || running_ != Step::None;
+    loop_.Post([] {});  // whoever waits for the step looks again
 }
 
 void CurlFtp1::Fail(CURLcode result) {
@@ -104,14 +114,66 @@ void CurlFtp1::Perform(Step step) {
 }
 
 CURLcode CurlFtp1::Run(Step step) {
+    if (multi_ == nullptr) multi_ = curl_multi_init();
     SetTarget(step);
     running_ = step;
     ++run_;
-    began_ = false;
+    ended_ = began_ = false;
+    result_ = CURLE_OK;
     lastSign_ = std::chrono::steady_clock::now();
-    const CURLcode result = transfer_->Run([this] { return SecondsLeft(); });
+    curl_multi_add_handle(multi_, easy_);
+    for (Advance(); !ended_; Advance()) {
+        WaitForMore();
+        if (!ended_ && SecondsLeft() <= 0) {
+            result_ = CURLE_OPERATION_TIMEDOUT;
+            ended_ = true;
+        }
+    }
+    UnwatchAll();
+    curl_multi_remove_handle(multi_, easy_);
     running_ = Step::None;
-    return result;
+    return result_;
+}
+
+void CurlFtp1::Advance() {
+    if (ended_) return;
+    int running = 0;
+    curl_multi_perform(multi_, &running);
+    int left = 0;
+    while (const CURLMsg* message = curl_multi_info_read(multi_, &left)) {
+        if (message->msg != CURLMSG_DONE) continue;
+        result_ = message->data.result;
+        ended_ = true;
+    }
+}
+
+// A descriptor that is ready is let go of at once: should a handler of this turn wait for something else, it isn't told again and
+// again.
+void CurlFtp1::WaitForMore() {
+    fd_set read, write, exception;
+    FD_ZERO(&read);
+    FD_ZERO(&write);
+    FD_ZERO(&exception);
+    int last = -1;
+    curl_multi_fdset(multi_, &read, &write, &exception, &last);
+    for (int descriptor = 0; descriptor <= last; ++descriptor) {
+        const bool reads = FD_ISSET(descriptor, &read);
+        const bool writes = FD_ISSET(descriptor, &write);
+        if (!reads && !writes) continue;
+        watched_.push_back(descriptor);
+        loop_.Watch(descriptor, reads, writes, [this, descriptor](bool, bool) { loop_.Unwatch(descriptor); });
+    }
+    long milliseconds = -1;
+    curl_multi_timeout(multi_, &milliseconds);
+    double seconds = milliseconds < 0 ? SecondsLeft() : static_cast<double>(milliseconds) / 1000;
+    if (last < 0) seconds = std::min(seconds, kBlindWait);
+    loop_.WaitFor(std::min(seconds, SecondsLeft()));
+    UnwatchAll();
+}
+
+void CurlFtp1::UnwatchAll() {
+    for (const int descriptor : watched_) loop_.Unwatch(descriptor);
+    watched_.clear();
 }
 
 double CurlFtp1::SecondsLeft() const {

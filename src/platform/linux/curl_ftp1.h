@@ -7,11 +7,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/event_loop.h"
 #include "platform/ftp1.h"
 #include "platform/last_error.h"
-#include "platform/linux/curl_perform.h"
 
 namespace qv {
 
@@ -27,9 +27,12 @@ class CurlFtp1 : public FTP1 {
     static std::size_t ReplyCame(char* data, std::size_t size, std::size_t count, void* self);
     static std::size_t BytesCame(char* data, std::size_t size, std::size_t count, void* self);
 
-    void EndAll();  // closes the session's connections
+    void EndAll();
     void Perform(Step step);
     CURLcode Run(Step step);
+    void Advance();  // lets libcurl do what it can, without waiting
+    void WaitForMore();
+    void UnwatchAll();
     void SetTarget(Step step);
     std::string Address(Step step) const;
     void Fail(CURLcode result);
@@ -39,10 +42,13 @@ class CurlFtp1 : public FTP1 {
 
     EventLoop& loop_;
     LastError& lastError_;
+    CURLM* multi_ = nullptr;       // made for each session: its connections end with it
+    std::vector<int> watched_;     // the descriptors that a turn waits for
     CURL* easy_;
-    std::unique_ptr<CurlPerform> transfer_;
     Step running_ = Step::None;
     long run_ = 0;  // tells the steps from one another
+    CURLcode result_ = CURLE_OK;
+    bool ended_ = false;
     bool loggedOn_ = false;
     bool began_ = false;
     bool interrupted_ = false;
