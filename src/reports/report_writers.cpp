@@ -4,13 +4,12 @@
 
 #include "session/link_rows.h"
 #include "text/basic_text.h"
-#include "text/characters.h"
 #include "text/numbers.h"
 
 namespace qv {
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = 128 * 1024;
 constexpr const char* kEqualSigns = "=====================================================================";
 constexpr const char* kHyphens = "  -------------------------------------------------------------------";
 
@@ -110,8 +109,8 @@ class AsciiReport : public ReportWriter {
         for (std::size_t i = 1; i < document.links.LinkTexts.size(); ++i) {
             const std::string_view status = document.links.LinkFlags[i].TrimmedStatus();
             if (questionableOnly_ && Passes(status)) continue;
-            out_.Line("\"", document.address, "\",\"", std::to_string(i), "\",\"", status, "\",\"", Trim(document.links.LinkTexts[i]),
-                      "\",\"", Trim(document.links.LinkUrls[i]), "\"");
+            out_.Line("\"", document.address, "\",\"", std::to_string(i), "\",\"", status, "\",\"",
+                      Trim(document.links.LinkTexts[i]), "\",\"", Trim(document.links.LinkUrls[i]), "\"");
         }
     }
     void End() override { out_.Flush(); }
@@ -162,24 +161,28 @@ class HtmlReport : public ReportWriter {
         const std::string_view text = Trim(links.LinkTexts[i]);
         const std::string_view url = Trim(links.LinkUrls[i]);
         if (status.empty() ? text.empty() : questionableOnly_ && Passes(status)) return;
-        NumberedText(label_, link, text);
-        cell_.clear();
-        AppendCell(cell_, label_, 33, 30, "...");
+        std::string& row = out_.Open();
         if (status.empty())
-            out_.Line("<TR><TD></TD><TD WIDTH=10%>", cell_, "</TD><TD>", url, "</TD></TR>");
+            row.append("<TR><TD></TD><TD WIDTH=10%>");
         else
-            out_.Line("<TR><TD WIDTH=4%> ", status, " </TD><TD WIDTH=10%>", cell_, "</TD><TD WIDTH=86%><A HREF=\"", url,
-                      "\" TARGET=\"_blank\">", url, "</A></TD></TR>");
+            row.append("<TR><TD WIDTH=4%> ").append(status).append(" </TD><TD WIDTH=10%>");
+        AppendNumberedCell(row, link, text, 33, 30, "...");
+        if (status.empty())
+            out_.Line("</TD><TD>", url, "</TD></TR>");
+        else
+            out_.Line("</TD><TD WIDTH=86%><A HREF=\"", url, "\" TARGET=\"_blank\">", url, "</A></TD></TR>");
     }
 
     bool questionableOnly_;
     ReportOutput& out_;
     bool written_ = false;
-    std::string label_;
-    std::string cell_;
 };
 
 }  // namespace
+
+ReportOutput::ReportOutput(std::function<void(std::string_view)> pass) : pass_(std::move(pass)) {
+    block_.reserve(kBlock + kBlock / 8);
+}
 
 void ReportOutput::EndLine() {
     block_.append("\r\n");

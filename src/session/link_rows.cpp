@@ -13,22 +13,89 @@ constexpr std::size_t kStatusWidth = 6;
 constexpr std::size_t kLabelWidth = 32;
 }
 
-void NumberedText(std::string& label, std::int32_t number, std::string_view text) {
-    std::array<char, 12> digits{};
-    const char* begin = digits.data();
-    const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    label.assign(begin, end).append(". ").append(Trim(text));
+namespace {
+
+// The digits of a link's number with what stands behind them.
+class NumberText {
+   public:
+    explicit NumberText(std::int32_t number) {
+        char* end = std::to_chars(text_.data(), text_.data() + text_.size() - 2, number).ptr;
+        *end++ = '.';
+        *end++ = ' ';
+        size_ = static_cast<std::size_t>(end - text_.data());
+    }
+    std::string_view Text() const { return {text_.data(), size_}; }
+
+   private:
+    std::array<char, 16> text_{};
+    std::size_t size_ = 0;
+};
+
+// A place in a text that has the room: pieces go in one behind the other.
+class Place {
+   public:
+    explicit Place(char* at) : at_(at) {}
+    Place& Put(std::string_view piece) {
+        at_ += piece.copy(at_, piece.size());
+        return *this;
+    }
+    Place& Blanks(std::size_t count) {
+        at_ = std::fill_n(at_, count, ' ');
+        return *this;
+    }
+
+   private:
+    char* at_;
+};
+
+// What both columns of a row come to when all is ASCII, which nearly all links are.
+void PutCell(Place& place, std::string_view front, std::string_view text, std::size_t width, std::size_t cut, std::string_view dots) {
+    place.Put(front);
+    if (front.size() + text.size() <= width)
+        place.Put(text).Blanks(width - front.size() - text.size());
+    else
+        place.Put(text.substr(0, cut - front.size())).Put(dots);
+}
+
+std::size_t CellSize(std::string_view front, std::string_view text, std::size_t width, std::size_t cut, std::string_view dots) {
+    return front.size() + text.size() <= width ? width : cut + dots.size();
+}
+
+}  // namespace
+
+void AppendNumberedCell(std::string& to, std::int32_t number, std::string_view text, std::size_t width, std::size_t cut,
+                        std::string_view dots) {
+    const NumberText numbered(number);
+    text = Trim(text);
+    if (!IsAscii(text)) {
+        AppendCell(to, std::string(numbered.Text()).append(text), width, cut, dots);
+        return;
+    }
+    const std::size_t before = to.size();
+    to.resize(before + CellSize(numbered.Text(), text, width, cut, dots));
+    Place place(to.data() + before);
+    PutCell(place, numbered.Text(), text, width, cut, dots);
 }
 
 namespace {
 
 void AppendLinkRow(std::string& to, std::int32_t number, std::string_view text, std::string_view target, std::string_view status) {
-    thread_local std::string label;  // keeps its room from row to row
-    NumberedText(label, number, text);
-    const std::string_view trimmed = Trim(status);
-    AppendCell(to, trimmed, kStatusWidth, trimmed.size(), "");
-    AppendCell(to, label, kLabelWidth, kLabelWidth - 2, "..");
-    to.append(" [").append(target).append("]");
+    constexpr std::string_view kOpen = " [";
+    constexpr std::string_view kDots = "..";
+    status = Trim(status);
+    text = Trim(text);
+    if (!IsAscii(text) || !IsAscii(status) || status.size() > kStatusWidth) {
+        AppendCell(to, status, kStatusWidth, status.size(), "");
+        AppendNumberedCell(to, number, text, kLabelWidth, kLabelWidth - kDots.size(), kDots);
+        to.append(kOpen).append(target).append("]");
+        return;
+    }
+    const std::size_t before = to.size();
+    to.resize(before + kStatusWidth + kLabelWidth + kOpen.size() + target.size() + 1);
+    Place place(to.data() + before);
+    place.Put(status).Blanks(kStatusWidth - status.size());
+    PutCell(place, NumberText(number).Text(), text, kLabelWidth, kLabelWidth - kDots.size(), kDots);
+    place.Put(kOpen).Put(target).Put("]");
 }
 
 }  // namespace

@@ -16,8 +16,10 @@ std::string LinkRowText(std::int32_t number, std::string_view text, std::string_
 // Appends the same for a link of the table, by its number and address, whatever is hidden: the row of a report.
 void BuildLinkRowText(const LinkTable& links, std::int32_t link, std::string& row);
 
-// "<number>. <trimmed text>".
-void NumberedText(std::string& label, std::int32_t number, std::string_view text);
+// Appends "<number>. <trimmed text>", padded with blanks to `width` characters or, when it is longer, cut to its first `cut` (20 at
+// least) and followed by `dots`.
+void AppendNumberedCell(std::string& to, std::int32_t number, std::string_view text, std::size_t width, std::size_t cut,
+                        std::string_view dots);
 
 // Whether a row of this status is left out while good links are hidden (a blank one is, "-->" isn't).
 bool IsHiddenStatus(std::string_view trimmedStatus, bool persistentRedirectsOk);
