@@ -69,6 +69,8 @@ void Click(Control& control) {
 bool PressFormButton(Form& form, Key key) {
     CommandButton* button = key == Key::Escape ? form.CancelButton() : form.DefaultButton();
     Control* focused = form.Focus();
+    const bool inPage = focused != nullptr && focused->Kind() == ControlKind::TextBox && As<TextBox>(*focused).MultiLine();
+    if (key == Key::Enter && inPage) return false;  // it is a line end there
     if (key == Key::Enter && focused != nullptr && focused->Kind() == ControlKind::CommandButton)
         button = &As<CommandButton>(*focused);
     if (button == nullptr || !button->Usable()) return false;

@@ -37,7 +37,6 @@ EmailForm::EmailForm(Parts parts) : Form(parts.windows, "EmailForm", "Zephon Quo
     Body.SetMultiLine(true);
     FrameProgress.SetVisible(false);
     ComHelp.SetEnabled(false);
-    SetDefaultButton(&ComSend);
     SetCancelButton(&ComCancel);
     Load = [this] { Form_Load(); };
     Unload = [this](bool& refused) {

@@ -97,7 +97,7 @@ FileResult ReportSaver::CopyReport() {
         p_.window.Windows().SetClipboard(ClipboardReport(title, nullptr));
         return {};
     }
-    const FileResult loaded = p_.store.LoadLinkList(number);
+    FileResult loaded = p_.store.LoadLinkList(number);
     if (!loaded && p_.store.HasLinkList(number)) return loaded;
     const ReportDocument document{documents.Text(documents.ListIndex()), "", p_.session.Links};
     p_.window.Windows().SetClipboard(ClipboardReport(title, &document));

@@ -147,6 +147,26 @@ TEST_F(Controls, EnterAndEscapePressTheFormsButtons) {
     EXPECT_EQ(log, (std::vector<std::string>{"okay", "cancel", "cancel"}));
 }
 
+TEST_F(Controls, EnterInAPageOfTextIsALineEnd) {
+    TextBox page(form, "T");
+    page.SetMultiLine(true);
+    CommandButton okay(form, "O", "");
+    form.SetDefaultButton(&okay);
+    okay.Click = Note("okay");
+    windows.Show(form);
+    user::Press(page, Key::Enter);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Controls, AFormHearsOfAKeyAheadOfItsControls) {
+    TextBox text(form, "T");
+    windows.Show(form);
+    form.KeyDown = [&](Key key) { Note(key == Key::Delete ? "form, delete" : "form")(); };
+    text.KeyPress = [&](Key) { Note("text")(); };
+    user::Press(text, Key::Delete);
+    EXPECT_EQ(log, (std::vector<std::string>{"form, delete", "text"}));
+}
+
 TEST_F(Controls, AModalFormBlocksUntilItIsClosed) {
     Form modal(windows, "M", "");
     windows.Show(form);

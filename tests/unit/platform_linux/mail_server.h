@@ -1,8 +1,6 @@
 // A mail server of one thread for tests, which at one step of the conversation does something else than it should.
 #pragma once
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -11,6 +9,8 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "platform_linux/loopback.h"
 
 namespace qv {
 
@@ -21,15 +21,8 @@ class MailServer {
     // `step`: "greeting", the first word of a command, "message" (the reply behind the message's end) or "piece" (in the middle of
     // the message).
     MailServer(std::string step, Fault fault, std::string offers = "") : step_(std::move(step)), fault_(fault), offers_(std::move(offers)) {
-        listener_ = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(listener_, 4);
-        socklen_t size = sizeof address;
-        getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
+        listener_ = ListenOnLoopback();
+        port_ = BoundPort(listener_);
         thread_ = std::thread([this] { Accept(); });
     }
     ~MailServer() {

@@ -1,8 +1,6 @@
 // A loopback server for tests: it plays one script for each connection and keeps what it was sent.
 #pragma once
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -12,6 +10,8 @@
 #include <thread>
 #include <vector>
 
+#include "platform_linux/loopback.h"
+
 namespace qv {
 
 class RawServer {
@@ -20,15 +20,8 @@ class RawServer {
     using Answer = std::function<bool(const std::string& request, int socket)>;
 
     explicit RawServer(Answer answer) : answer_(std::move(answer)) {
-        listener_ = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(listener_, 16);
-        socklen_t size = sizeof address;
-        getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
-        port = ntohs(address.sin_port);
+        listener_ = ListenOnLoopback();
+        port = BoundPort(listener_);
         thread_ = std::thread([this] { Accept(); });
     }
     ~RawServer() {

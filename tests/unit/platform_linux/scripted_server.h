@@ -1,8 +1,6 @@
 // A loopback server whose connections are played by the test, byte by byte: each runs one script in a thread of its own.
 #pragma once
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -11,6 +9,8 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "platform_linux/loopback.h"
 
 namespace qv {
 
@@ -58,15 +58,7 @@ class ScriptedServer {
     // Plays one connection, which is closed when it returns.
     using Script = std::function<void(Connection&)>;
 
-    explicit ScriptedServer(Script script) : script_(std::move(script)), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(listener_, 16);
-        socklen_t size = sizeof address;
-        getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
+    explicit ScriptedServer(Script script) : script_(std::move(script)), listener_(ListenOnLoopback()), port_(BoundPort(listener_)) {
         accepting_ = std::thread([this] { Accept(); });
     }
     ~ScriptedServer() {

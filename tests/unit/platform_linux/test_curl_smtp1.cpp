@@ -174,14 +174,8 @@ TEST_F(Smtp, WhatIsNoServerOrNoFileIsSaid) {
 }
 
 TEST_F(Smtp, ARefusedConnectionIsSaid) {
-    const int holder = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ASSERT_EQ(bind(holder, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    socklen_t size = sizeof address;
-    getsockname(holder, reinterpret_cast<sockaddr*>(&address), &size);
-    Fill("127.0.0.1:" + std::to_string(ntohs(address.sin_port)));
+    const int holder = BindToLoopback();
+    Fill("127.0.0.1:" + std::to_string(BoundPort(holder)));
     const std::string error = smtp.SetAction(SMTP1::Send);
     EXPECT_NE(error.find("127.0.0.1"), std::string::npos) << error;
     close(holder);
