@@ -21,7 +21,7 @@ MAY_INCLUDE = {
     "retrieve": BASE | {"session", "extract", "sitedb", "mainwindow"},
     "check": BASE | {"session", "extract", "sitedb", "mainwindow", "retrieve"},
 }
-MAY_INCLUDE["reports"] = MAY_INCLUDE["retrieve"]
+MAY_INCLUDE["reports"] = MAY_INCLUDE["bookmarks"] = MAY_INCLUDE["retrieve"]
 MAY_INCLUDE["localmode"] = MAY_INCLUDE["check"]
 SUBSYSTEMS = set(MAY_INCLUDE)
 MAY_INCLUDE["program"] = SUBSYSTEMS | {"platform/linux"}
@@ -31,7 +31,7 @@ MAY_INCLUDE["apps"] = SUBSYSTEMS | {"program", "automation", "desktop", "platfor
 
 QT = re.compile(r"^Q[A-Z]|^Qt[A-Z]")
 OUTSIDE_WORLD = re.compile(
-    r"^(curl|gmime|glib|sys|netinet|arpa)/|^(glib|unistd|fcntl|poll|netdb|dirent|pthread|signal|spawn|pwd|termios)\.h$")
+    r"^(curl|gmime|glib|sys|netinet|arpa|X11)/|^(glib|unistd|fcntl|poll|netdb|dirent|pthread|signal|spawn|pwd|termios)\.h$")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 LONGEST_FILE = 450
 

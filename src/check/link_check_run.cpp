@@ -37,9 +37,7 @@ void LinkCheckRun::Begin() {
     RunStopped_ = false;
     w.SetPointer(Pointer::Wait);
     const std::int32_t remembered = w.List1.ItemData(w.List1.ListIndex());
-    p_.flags.HideGoodLinks = kClear;
-    w.ComHide.SetCaption(kCaptionShowBadOnly);
-    w.MenuLinkHide.SetChecked(false);
+    ShowAllLinks(w, p_.flags);
     txtFileName_Click();
     if (remembered - 1 > 0) w.List1.SetListIndex(remembered - 1);
     p_.flags.StopRequested = p_.flags.SkipRequested = kClear;

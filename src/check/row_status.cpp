@@ -27,6 +27,11 @@ void RowStatus::WriteRowStatus(int row, const std::string& status) {
 
 void RowStatus::SaveDocument() {
     const ListBox& documents = window_.txtFileName;
+    const int selected = documents.ListIndex();
+    if (selected >= 0 && documents.Text(selected) == session_.CurrentDocumentUrl) {
+        store_.SaveLinkList(documents.ItemData(selected));
+        return;
+    }
     for (int i = 0; i < documents.Count(); ++i) {
         if (documents.Text(i) != session_.CurrentDocumentUrl) continue;
         store_.SaveLinkList(documents.ItemData(i));

@@ -56,6 +56,9 @@ class Form : public Control {
     void SetDefaultButton(CommandButton* button) { defaultButton_ = button; }
     void SetCancelButton(CommandButton* button) { cancelButton_ = button; }
 
+    bool Topmost() const { return topmost_; }  // stays above the windows of other programs too; told while it loads
+    void SetTopmost(bool topmost) { topmost_ = topmost; }
+
     bool Loaded() const { return loaded_; }
     bool Modal() const { return modal_; }
     void PopUp(Menu& menu);  // opens a menu at the pointer: its opening rule runs
@@ -82,6 +85,7 @@ class Form : public Control {
     Geometry place_;
     WindowState state_ = WindowState::Normal;
     qv::Pointer pointer_ = qv::Pointer::Default;
+    bool topmost_ = false;
     bool loaded_ = false;
     bool modal_ = false;
 };

@@ -20,6 +20,7 @@ namespace qv {
 FormWindow::FormWindow(Form& form, QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags), form_(&form) {
     if (flags == Qt::Dialog) setWindowFlags(flags | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setObjectName(QString::fromStdString(form.Name()));
+    if (form.Topmost()) setWindowFlag(Qt::WindowStaysOnTopHint);
     if (form.Modal()) setWindowModality(Qt::ApplicationModal);
 }
 

@@ -1,7 +1,7 @@
 #include "mail/config_form.h"
 
 #include "controls/window_system.h"
-#include "mail/mail_settings_file.h"
+#include "session/mail_settings_file.h"
 #include "text/basic_text.h"
 
 namespace qv {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "controls/window_system.h"
-#include "mail/mail_settings_file.h"
+#include "session/mail_settings_file.h"
 #include "text/basic_text.h"
 #include "text/numbers.h"
 
@@ -36,7 +36,6 @@ EmailForm::EmailForm(Parts parts) : Form(parts.windows, "EmailForm", "Zephon Quo
     SetSize(600, 560);
     Body.SetMultiLine(true);
     FrameProgress.SetVisible(false);
-    ComHelp.SetEnabled(false);
     SetCancelButton(&ComCancel);
     Load = [this] { Form_Load(); };
     Unload = [this](bool& refused) {

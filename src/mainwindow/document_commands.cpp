@@ -52,9 +52,7 @@ void DocumentCommands::MenuLinkOpen_Click() {
         windows.ShowMessage("Sorry, " + address + " Is Not A Valid Web URL.");
         return;
     }
-    p_.flags.HideGoodLinks = kClear;
-    p_.window.ComHide.SetCaption(kCaptionShowBadOnly);
-    p_.window.MenuLinkHide.SetChecked(false);
+    ShowAllLinks(p_.window, p_.flags);
     txtFileName_Click();
     if (p_.settings.ProgramMode == kLocalMode) {
         if (path.empty()) {

@@ -6,8 +6,7 @@ namespace qv {
 
 bool LinkMarks::IsGroupRow(std::int32_t link) const {
     if (p_.settings.ProgramMode != kBookmarksMode || !p_.session.Links.Has(link)) return false;
-    const std::string& url = p_.session.Links.LinkUrls[static_cast<std::size_t>(link)];
-    return Contains(url, "SUBTITLE") || Contains(url, "GROUP:");
+    return IsHeading(p_.session.Links.LinkUrls[static_cast<std::size_t>(link)]);
 }
 
 void LinkMarks::TakeMark() {
@@ -19,7 +18,10 @@ void LinkMarks::TakeMark() {
 }
 
 void LinkMarks::List1_MouseDown() {
-    if (p_.window.List1.ListIndex() >= 0) TakeMark();
+    ListBox& list = p_.window.List1;
+    if (list.ListIndex() < 0) return;
+    if (IsGroupRow(list.ItemData(list.ListIndex()))) list.SetSelected(list.ListIndex(), false);
+    TakeMark();
 }
 
 void LinkMarks::List1_KeyUp() {
@@ -36,12 +38,6 @@ void LinkMarks::List1_MouseMove() {
     const std::int32_t link = list.ItemData(list.ListIndex());
     if (p_.session.Links.Has(link) && !IsGroupRow(link))
         list.SetTip(std::string(Trim(p_.session.Links.LinkUrls[static_cast<std::size_t>(link)])));
-}
-
-void LinkMarks::StopHiding() {
-    p_.flags.HideGoodLinks = kClear;
-    p_.window.ComHide.SetCaption(kCaptionShowBadOnly);
-    p_.window.MenuLinkHide.SetChecked(false);
 }
 
 bool LinkMarks::HoldsQuestionable(int document) {
@@ -81,7 +77,7 @@ void LinkMarks::ShowFound(int document) {
 void LinkMarks::MenuLinkHide_Click() {
     CheckForm& w = p_.window;
     if (p_.flags.HideGoodLinks != 0) {
-        StopHiding();
+        ShowAllLinks(w, p_.flags);
         txtFileName_Click();
         if (w.List1.Count() > 0) w.List1.SetListIndex(0);
         return;
@@ -96,7 +92,7 @@ void LinkMarks::MenuLinkHide_Click() {
     if (found >= 0) {
         ShowFound(found);
     } else {
-        StopHiding();
+        ShowAllLinks(w, p_.flags);
         w.Windows().ShowMessage("No questionable links were found.");
         if (selected >= 0) p_.store.LoadLinkList(w.txtFileName.ItemData(selected));
         Refill();

@@ -39,7 +39,6 @@ class LinkMarks {
    private:
     bool IsGroupRow(std::int32_t link) const;
     void TakeMark();
-    void StopHiding();
     bool HoldsQuestionable(int document);  // loads its links
     int FindQuestionable(int first, int last, int step);
     void ShowFound(int document);

@@ -16,6 +16,12 @@ void EnableAll(std::initializer_list<Control*> controls, bool enabled) {
 
 }  // namespace
 
+void ShowAllLinks(CheckForm& window, RunFlags& flags) {
+    flags.HideGoodLinks = kClear;
+    window.ComHide.SetCaption(kCaptionShowBadOnly);
+    window.MenuLinkHide.SetChecked(false);
+}
+
 void WindowRules::DisableControls() {
     CheckForm& w = window_;
     EnableAll({&w.MenuFile, &w.MenuEdit, &w.MenuView, &w.MenuSearch, &w.MenuLink, &w.MenuReports, &w.ComOpen, &w.SpinLeft,

@@ -14,6 +14,9 @@ namespace qv {
 // What each tool button and spin button is for: the tip that it shows while tips are wanted.
 std::vector<std::pair<Control*, const char*>> ToolTips(CheckForm& window);
 
+// Ends the hiding of good links. The rows are filled anew by whoever calls.
+void ShowAllLinks(CheckForm& window, RunFlags& flags);
+
 class WindowRules {
    public:
     WindowRules(CheckForm& window, Session& session, const Settings& settings, const Programs& programs,

@@ -21,6 +21,7 @@ class Programs {
 struct Places {
     std::string appPath;        // the program's data folder
     std::string windowsFolder;  // where the system's programs are
+    std::string shippedFolder;  // the files that come with the program; may be empty
 };
 
 }  // namespace qv

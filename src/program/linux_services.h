@@ -13,6 +13,7 @@
 #include "platform/linux/system_clock.h"
 #include "platform/linux/system_files.h"
 #include "platform/linux/system_programs.h"
+#include "platform/linux/x11_windows.h"
 #include "program/program.h"
 #include "program/timer_driver.h"
 
@@ -41,6 +42,7 @@ class LinuxServices {
     GmimeNetCode1 code_;
     IniSettingsStore store_{files_, UserSettingsPath()};
     SystemPrograms programs_{files_};
+    X11Windows others_;
     TimerDriver timers_{loop_};
     Places places_ = FindPlaces();
 };

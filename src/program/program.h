@@ -15,6 +15,7 @@
 #include "platform/ip_info1.h"
 #include "platform/mime1.h"
 #include "platform/net_code1.h"
+#include "platform/other_windows.h"
 #include "platform/programs.h"
 #include "platform/settings_store.h"
 #include "platform/smtp1.h"
@@ -39,6 +40,7 @@ struct ProgramServices {
     NetCode1& code;
     SettingsStore& store;
     Programs& programs;
+    OtherWindows& others;
     TimerService& timers;
     RunFlags& flags;  // the clients leave their failures here
     Places places;

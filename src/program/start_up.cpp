@@ -1,6 +1,6 @@
 #include "program/start_up.h"
 
-#include "mail/mail_settings_file.h"
+#include "session/mail_settings_file.h"
 #include "reports/report_options.h"
 #include "session/program_settings.h"
 #include "sitedb/preferences.h"

@@ -22,7 +22,6 @@ frmform::frmform(Parts parts) : Form(parts.windows, "frmform", "Create Link Chec
     SetSize(460, 320);
     SetDefaultButton(&cmdOK);
     SetCancelButton(&cmdCancel);
-    ComHelp.SetEnabled(false);
     Load = [this] { Form_Load(); };
     Activate = [this] { Form_Activate(); };
     CheckAllInOne.Click = [this] { Exclude(CheckAllInOne, CheckOneOnly); };

@@ -24,7 +24,6 @@ ReportManagerForm::ReportManagerForm(Parts parts)
     SetSize(560, 440);
     SetDefaultButton(&ComShow);
     SetCancelButton(&ComClose);
-    ComHelp.SetEnabled(false);
     Load = [this] { Form_Load(); };
     for (OptionButton* option : {&TextReports, &AsciiReports, &HtmlReports, &AllReports})
         option->Click = [this, kind = static_cast<std::int16_t>(option->Index())] { ComReports_Click(kind); };

@@ -30,6 +30,10 @@ void DocumentStore::WriteHeader(std::int32_t number, const HeaderLines& lines) {
     files_.Write(CacheFile(number, ".qvn"), ComposeHeader(lines));
 }
 
+void DocumentStore::WriteTitle(std::int32_t number, const std::string& title) {
+    files_.Write(CacheFile(number, ".qvn"), LineWriter().Line(title).Bytes());
+}
+
 void DocumentStore::SaveLinkList(std::int32_t number) {
     files_.Write(CacheFile(number, ".lks"), composer_.Compose(session_.Links));
 }

@@ -23,6 +23,7 @@ class DocumentStore {
     // The document's address in its header file; nothing when the file can't be read so far.
     std::optional<std::string> ReadAddress(std::int32_t number) const;
     void WriteHeader(std::int32_t number, const HeaderLines& lines);
+    void WriteTitle(std::int32_t number, const std::string& title);  // the header of a bookmark bar: this line alone
 
     void SaveLinkList(std::int32_t number);                          // the session's link table to the document's file
     FileResult LoadLinkList(std::int32_t number);                    // and back; an empty table if that fails

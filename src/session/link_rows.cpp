@@ -111,6 +111,8 @@ void BuildLinkRowText(const LinkTable& links, std::int32_t link, std::string& ro
     AppendLinkRow(row, link, links.LinkTexts[i], links.LinkUrls[i], links.LinkFlags[i].Status);
 }
 
+bool IsHeading(std::string_view url) { return Contains(url, "SUBTITLE") || Contains(url, "GROUP:"); }
+
 bool IsHiddenStatus(std::string_view status, bool persistentRedirectsOk) {
     if (status.empty() || status == "OK" || status == "OK *" || status.substr(0, 2) == "NA") return true;
     return persistentRedirectsOk && (status == "301" || status == "302");
@@ -141,8 +143,7 @@ void LinkRows::AddLinkRow(std::int32_t link) {
     const auto i = static_cast<std::size_t>(link);
     if (flags_.HideGoodLinks != 0) {
         if (IsHiddenStatus(links.LinkFlags[i].TrimmedStatus(), settings_.PersistentRedirectsOk != 0)) return;
-        const bool groups = Contains(links.LinkUrls[i], "SUBTITLE") || Contains(links.LinkUrls[i], "GROUP:");
-        if (settings_.ProgramMode == kBookmarksMode && groups) return;
+        if (settings_.ProgramMode == kBookmarksMode && IsHeading(links.LinkUrls[i])) return;
     }
     list_.AddItem(RowText(link, link), link);
     list_.SetSelected(list_.Count() - 1, links.LinkFlags[i].Marked());

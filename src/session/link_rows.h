@@ -21,6 +21,9 @@ void BuildLinkRowText(const LinkTable& links, std::int32_t link, std::string& ro
 void AppendNumberedCell(std::string& to, std::int32_t number, std::string_view text, std::size_t width, std::size_t cut,
                         std::string_view dots);
 
+// Whether an address stands for a heading of the Zephon Bookmarks mode and not for a link.
+bool IsHeading(std::string_view url);
+
 // Whether a row of this status is left out while good links are hidden (a blank one is, "-->" isn't).
 bool IsHiddenStatus(std::string_view trimmedStatus, bool persistentRedirectsOk);
 

@@ -15,6 +15,12 @@ void Preferences::ReadAtStart() {
     Write();
 }
 
+SiteRecord Preferences::Stored() const {
+    std::string bytes;
+    files_.Read(Path(), bytes);
+    return bytes.empty() ? record_ : SiteRecord(bytes);
+}
+
 // Only the first record counts; whatever stands behind it in the file stays there.
 void Preferences::Write() {
     std::string bytes;

@@ -12,6 +12,7 @@ class Preferences {
     Preferences(Files& files, Session& session, Settings& settings) : files_(files), session_(session), settings_(settings) {}
 
     void ReadAtStart();       // a missing or empty file is written with the defaults
+    SiteRecord Stored() const;  // the record as the file has it now; that in memory when there is no file
     void ApplyPreferences();  // makes the record the settings in force
     void Write();             // the record to the file
 

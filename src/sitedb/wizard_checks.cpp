@@ -2,14 +2,12 @@
 #include <algorithm>
 #include <array>
 
+#include "sitedb/record_fields.h"
 #include "sitedb/wizard_form.h"
 #include "text/basic_text.h"
-#include "text/numbers.h"
 
 namespace qv {
 namespace {
-
-constexpr std::int16_t kLeastTimeout = 5;
 
 std::string Trimmed(const std::string& text) { return std::string(Trim(text)); }
 
@@ -21,12 +19,6 @@ bool NamesDocument(const std::string& address) {
 }
 
 bool IsHttp(const std::string& address) { return StartsWithLower(address, "http://"); }
-
-// The value of a time-out field: rounded, and a minute where that is too short.
-std::int16_t Timeout(const std::string& text) {
-    const std::int16_t value = RoundToInt16(LeadingNumber(Trim(text)));
-    return value < kLeastTimeout ? kDefaultTimeout : value;
-}
 
 std::string WithBackslashes(std::string path) {
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -205,48 +197,36 @@ void WizardForm::CheckTabTwo(Flag&) {
     storeList(Text5, field::DocumentTypes);
     storeList(Text4, field::IgnoreOpenPaths);
     storeList(Text7, field::IgnoreLinkPaths);
-    for (std::size_t slot = 1; slot <= kIgnoreTextSlots; ++slot)
-        record->SetText(field::IgnoreText(slot), ComboTextIgnore.ItemText(static_cast<int>(slot) - 1));
-    record->SetNumber(field::HttpTimeout, Timeout(Text8.Text()));
+    StoreIgnoreTexts(ComboTextIgnore, *record);
+    record->SetNumber(field::HttpTimeout, TimeoutOf(Text8.Text()));
     SetQuietly(Text8, std::to_string(record->Number(field::HttpTimeout)));
 }
 
-// One group of the authorization page: when it is on, both fields are needed, and stored with the flag.
-bool WizardForm::StoreLogIn(CheckBox& box, NumberField flag, TextBox& first, TextField firstField, TextBox& second,
-                            TextField secondField, bool secondIsNumber, const char* message) {
-    SiteRecord& record = *CurrentRecord();
-    if (!box.Checked()) {
-        record.SetNumber(flag, kClear);
-        return true;
-    }
-    const std::string one = Trimmed(first.Text());
-    const std::string two = Trimmed(second.Text());
-    const bool secondMissing = secondIsNumber ? LeadingNumber(two) < 1 : two.empty();
-    if (one.empty() || secondMissing) return Refuse(message, one.empty() ? first : second);
-    record.SetNumber(flag, kSet);
-    record.SetText(firstField, one);
-    record.SetText(secondField, two);
-    return true;
+// One group of the authorization page: what is missing is named, and gets the focus.
+bool WizardForm::Passes(const LogInGroup& group, const char* message) {
+    Control* missing = StoreLogIn(group, *CurrentRecord());
+    return missing == nullptr || Refuse(message, *missing);
 }
 
 void WizardForm::CheckTabThree(Flag& refused) {
     SiteRecord* record = CurrentRecord();
     if (Text1.Count() == 0 || record == nullptr) return;
     const bool passed =
-        StoreLogIn(Check6, field::UseProxy, TextServer, field::ProxyServerName, TextPort, field::ProxyPortText, true,
-                   "Proxy Server Name and Port Number are required.") &&
-        StoreLogIn(Check5, field::UseHttpAuthentication, TextUserName, field::HttpUserName, TextPassword, field::HttpPassword,
-                   false, "Valid HTTP Authenticated User Name and Password are required.") &&
-        StoreLogIn(Check7, field::UseProxyAuthentication, TextProxyUserName, field::ProxyUserName, TextProxyPassword,
-                   field::ProxyPassword, false, "Valid Proxy Authenticated User Name and Password are required.") &&
-        StoreLogIn(Check4, field::CheckFtpLinks, Text9, field::FtpUserName, Text10, field::FtpPassword, false,
-                   "Valid FTP User Name and Password are required.");
+        Passes({Check6, field::UseProxy, TextServer, field::ProxyServerName, TextPort, field::ProxyPortText, true},
+               "Proxy Server Name and Port Number are required.") &&
+        Passes({Check5, field::UseHttpAuthentication, TextUserName, field::HttpUserName, TextPassword, field::HttpPassword},
+               "Valid HTTP Authenticated User Name and Password are required.") &&
+        Passes({Check7, field::UseProxyAuthentication, TextProxyUserName, field::ProxyUserName, TextProxyPassword,
+                field::ProxyPassword},
+               "Valid Proxy Authenticated User Name and Password are required.") &&
+        Passes({Check4, field::CheckFtpLinks, Text9, field::FtpUserName, Text10, field::FtpPassword},
+               "Valid FTP User Name and Password are required.");
     if (!passed) {
         refused = kSet;
         return;
     }
     if (Check4.Checked()) {
-        record->SetNumber(field::FtpTimeout, Timeout(Text6.Text()));
+        record->SetNumber(field::FtpTimeout, TimeoutOf(Text6.Text()));
         SetQuietly(Text6, std::to_string(record->Number(field::FtpTimeout)));
     }
     record->SetText(field::UserAgent, Trim(TextUserAgent.Text()));

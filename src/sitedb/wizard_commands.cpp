@@ -88,32 +88,17 @@ void WizardForm::Command9_Click() {
 }
 
 void WizardForm::AddText() {
-    const std::string text = ComboTextIgnore.Text();
-    if (!Trim(text).empty()) {
-        if (ComboTextIgnore.Count() < static_cast<int>(kIgnoreTextSlots)) {
-            ComboTextIgnore.AddItem(text);
-            ComboTextIgnore.SetText("");
-        } else {
-            p_.windows.ShowMessage("Only 10 text strings are allowed per Web Site. Delete an existing string to add another.");
-        }
-    }
+    if (!AddItemOfText(ComboTextIgnore, static_cast<int>(kIgnoreTextSlots)))
+        p_.windows.ShowMessage("Only 10 text strings are allowed per Web Site. Delete an existing string to add another.");
     FieldChanged();
     ComboTextIgnore.SetFocus();
 }
 
 void WizardForm::DeleteText() {
-    int item = 0;
-    while (item < ComboTextIgnore.Count() && ComboTextIgnore.ItemText(item) != ComboTextIgnore.Text()) ++item;
-    if (item < ComboTextIgnore.Count()) {
-        ComboTextIgnore.RemoveItem(item);
-        if (ComboTextIgnore.Count() > 0)
-            ComboTextIgnore.SetListIndex(0);
-        else
-            ComboTextIgnore.SetText("");
+    if (RemoveItemOfText(ComboTextIgnore))
         FieldChanged();
-    } else {
+    else
         p_.windows.Beep();
-    }
     ComboTextIgnore.SetFocus();
 }
 

@@ -56,7 +56,6 @@ WizardForm::WizardForm(Parts parts) : Form(parts.windows, "WizardForm", ""), p_(
     for (TextBox* secret : {&TextPassword, &Text10, &TextProxyPassword}) secret->SetMasked(true);
     ComApply.SetEnabled(false);
     ComEdit.SetEnabled(false);
-    ComHelp.SetEnabled(false);  // there are no help pages to show
     SetDefaultButton(&ComOpenNext);
     SetCancelButton(&ComCloseCancel);
     Connect();

@@ -15,6 +15,7 @@
 #include "session/session.h"
 #include "sitedb/load_site_record.h"
 #include "sitedb/preferences.h"
+#include "sitedb/record_fields.h"
 #include "sitedb/site_database.h"
 
 namespace qv {
@@ -182,8 +183,7 @@ class WizardForm : public Form {
     void SetTextQuietly(const std::string& text);
     void MakeCurrentQuietly(int record);
     SiteRecord* CurrentRecord();
-    bool StoreLogIn(CheckBox& box, NumberField flag, TextBox& first, TextField firstField, TextBox& second, TextField secondField,
-                    bool secondIsNumber, const char* message);
+    bool Passes(const LogInGroup& group, const char* message);
 
     // wizard_commands.cpp: the buttons
     void ComOpenNext_Click();

@@ -3,14 +3,6 @@
 #include "text/basic_text.h"
 
 namespace qv {
-namespace {
-
-void EnableAll(std::initializer_list<Control*> controls, bool enabled) {
-    for (Control* control : controls) control->SetEnabled(enabled);
-}
-
-}  // namespace
-
 void WizardForm::Text1_Click() {
     if (p_.flags.IgnoreControlEvents != 0) return;
     SiteRecord* record = CurrentRecord();
@@ -37,12 +29,7 @@ void WizardForm::ShowOpenSettings(SiteRecord& record) {
     const std::int16_t mode = record.Number(field::SiteOpenMode);
     if (mode < 0 || mode > 2) record.SetNumber(field::SiteOpenMode, 0);
     (mode == 1 ? Option2 : mode == 2 ? Option3 : Option1).SetValue(true);
-    ComboTextIgnore.Clear();
-    for (std::size_t slot = 1; slot <= kIgnoreTextSlots; ++slot) {
-        const std::string text = record.Text(field::IgnoreText(slot));
-        if (!text.empty()) ComboTextIgnore.AddItem(text);
-    }
-    if (ComboTextIgnore.Count() > 0) ComboTextIgnore.SetListIndex(0);
+    ShowIgnoreTexts(record, ComboTextIgnore);
     Check1.SetValue(record.Number(field::IncludeImages));
     Check2.SetValue(record.Number(field::IgnoreJavaScript));
     Check3.SetValue(record.Number(field::FollowRedirects));

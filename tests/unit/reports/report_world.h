@@ -37,6 +37,13 @@ class KeptPrograms : public Programs {
     std::vector<std::string> opened;
 };
 
+class NoWindows : public OtherWindows {
+   public:
+    std::vector<std::string> Titles() override { return {}; }
+    bool Activate(const std::string&) override { return false; }
+    void PressKey(const std::string&, bool) override {}
+};
+
 struct ReportWorld : testing::Test, WindowListener {
     FakeClock clock;
     FakeLoop loop{clock};
@@ -50,7 +57,8 @@ struct ReportWorld : testing::Test, WindowListener {
     CheckForm window{windows};
     DocumentStore store{files, session};
     WindowRules rules{window, session, settings, programs, store};
-    Browser browser{settings, programs, loop};
+    NoWindows others;
+    Browser browser{{windows, settings, programs, others, loop}};
     ReportSaver saver{{window, session, settings, store, files, loop, clock}};
     ReportCreation creation{{window, rules, session, settings, mail, saver}};
     ReportFiles reports{{windows, files, session, settings, mail, programs, browser}};

@@ -1,4 +1,4 @@
-#include "mail/mail_settings_file.h"
+#include "session/mail_settings_file.h"
 
 #include <array>
 
