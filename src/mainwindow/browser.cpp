@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::size_t kLongestNoAddress = 4;  // characters
 constexpr int kTries = 3;
-constexpr double kAnswerTime = 0.4;  // seconds that a browser gets for the clipboard
+constexpr double kForegroundTime = 0.3;  // seconds that a window gets to come to the front
+constexpr double kAnswerTime = 0.6;      // and to fill the clipboard
 
 // What the titles of browsers' windows contain.
 constexpr const char* kBrowserTitles[] = {"Internet Explorer", "Netscape",        "Chromium", "Google Chrome", "Mozilla Firefox",
@@ -39,17 +40,25 @@ void Browser::OpenInBrowser(std::string target) {
     p_.loop.Yield();
 }
 
+void Browser::Pause(double seconds, bool untilClipboard) {
+    const double start = p_.clock.SecondsSinceMidnight();
+    for (double now = start; now >= start && now < start + seconds; now = p_.clock.SecondsSinceMidnight()) {
+        if (untilClipboard && !p_.windows.Clipboard().empty()) return;
+        p_.loop.WaitFor(start + seconds - now);
+    }
+}
+
 // Its address box is entered, and what is selected then copied.
 std::string Browser::AskByKeys(const std::string& title) {
     std::string text;
     for (int attempt = 0; attempt < kTries && !Contains(text, ":"); ++attempt) {
         if (!p_.others.Activate(title)) return "";
         p_.windows.SetClipboard("");
-        p_.loop.WaitFor(kAnswerTime / 2);
+        Pause(kForegroundTime, false);
         p_.others.PressKey("l", true);
         p_.others.PressKey("Insert", true);
+        Pause(kAnswerTime, true);
         p_.others.PressKey("Escape", false);
-        for (int part = 0; part < 4 && p_.windows.Clipboard().empty(); ++part) p_.loop.WaitFor(kAnswerTime / 4);
         text = p_.windows.Clipboard();
     }
     return Contains(text, ":") ? text : "";

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "controls/window_system.h"
+#include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/other_windows.h"
 #include "platform/programs.h"
@@ -20,6 +21,7 @@ class Browser {
         Programs& programs;
         OtherWindows& others;
         EventLoop& loop;
+        const Clock& clock;
     };
     explicit Browser(Parts parts) : p_(parts) {}
 
@@ -34,6 +36,7 @@ class Browser {
 
    private:
     std::string AskByKeys(const std::string& title);
+    void Pause(double seconds, bool untilClipboard);  // events are handled meanwhile
 
     Parts p_;
 };

@@ -123,6 +123,7 @@ void LinkCommands::MenuEditCopyLink_Click() {
 
 void LinkCommands::MenuEditPaste_Click() {
     const std::string address = p_.browser.PageAddress();
+    if (!address.empty()) p_.window.Windows().Activate(p_.window);  // the browser is in front now
     if (address.empty())
         p_.window.Windows().ShowMessage(
             "Quorvantis can't communicate with your Browser.  Neither Netscape nor Internet Explorer is currently running. "

@@ -118,7 +118,7 @@ struct Program::House {
     SearchState search;
     SearchForm searchForm{{window, session, search, services.loop}};
     Help help{services.files, services.programs, services.places};
-    Browser browser{{windows, settings, services.programs, services.others, services.loop}};
+    Browser browser{{windows, settings, services.programs, services.others, services.loop, services.clock}};
     LinkCommands linkCommands{{window, rules, session, settings, flags, store, search, browser, services.loop}};
     WebCommands webCommands{{window, session, settings, flags, services.programs, browser}};
     ReportSaver reportSaver{{window, session, settings, store, services.files, services.loop, services.clock}};

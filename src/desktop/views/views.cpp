@@ -2,7 +2,9 @@
 
 #include "desktop/views/check_form_view.h"
 #include "desktop/views/config_form_view.h"
+#include "desktop/views/default_form_view.h"
 #include "desktop/views/email_form_view.h"
+#include "desktop/views/link_views.h"
 #include "desktop/views/plain_view.h"
 #include "desktop/views/report_views.h"
 #include "desktop/views/small_views.h"
@@ -24,7 +26,8 @@ FormWindow* MakeView(Form& form, QWidget* parent) {
          {Try<CheckForm, CheckFormView>, Try<InitialForm, InitialFormView>, Try<TipForm, TipFormView>, Try<CodeForm, CodeFormView>,
           Try<ReportForm, ReportFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>,
           Try<frmform, ReportOptionsView>, Try<ReportManagerForm, ReportManagerView>, Try<ReportSelectForm, ReportSelectView>,
-          Try<EmailForm, EmailFormView>})
+          Try<EmailForm, EmailFormView>, Try<DefaultForm, DefaultFormView>, Try<SearchForm, SearchFormView>,
+          Try<EditForm, EditFormView>})
         if (FormWindow* view = attempt(form, parent)) return view;
     return new PlainView(form, parent);
 }

@@ -8,6 +8,8 @@
 #include "fakes/fake_clock.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_loop.h"
+#include "fakes/fake_programs.h"
+#include "fakes/fake_windows.h"
 #include "mainwindow/check_form.h"
 #include "mainwindow/window_rules.h"
 #include "reports/frmform.h"
@@ -21,34 +23,11 @@
 
 namespace qv {
 
-class KeptPrograms : public Programs {
-   public:
-    bool Exists(const std::string&) const override { return true; }
-    bool Start(const std::string& path, const std::vector<std::string>& arguments) override {
-        started.push_back(path);
-        started.insert(started.end(), arguments.begin(), arguments.end());
-        return true;
-    }
-    bool OpenWithDesktop(const std::string& target) override {
-        opened.push_back(target);
-        return true;
-    }
-    std::vector<std::string> started;  // a program and its arguments, one after the other
-    std::vector<std::string> opened;
-};
-
-class NoWindows : public OtherWindows {
-   public:
-    std::vector<std::string> Titles() override { return {}; }
-    bool Activate(const std::string&) override { return false; }
-    void PressKey(const std::string&, bool) override {}
-};
-
 struct ReportWorld : testing::Test, WindowListener {
     FakeClock clock;
     FakeLoop loop{clock};
     FakeFiles files;
-    KeptPrograms programs;
+    FakePrograms programs;
     RunFlags flags;
     Session session;
     Settings settings;
@@ -57,8 +36,8 @@ struct ReportWorld : testing::Test, WindowListener {
     CheckForm window{windows};
     DocumentStore store{files, session};
     WindowRules rules{window, session, settings, programs, store};
-    NoWindows others;
-    Browser browser{{windows, settings, programs, others, loop}};
+    FakeWindows others;
+    Browser browser{{windows, settings, programs, others, loop, clock}};
     ReportSaver saver{{window, session, settings, store, files, loop, clock}};
     ReportCreation creation{{window, rules, session, settings, mail, saver}};
     ReportFiles reports{{windows, files, session, settings, mail, programs, browser}};
