@@ -106,7 +106,7 @@ class Window(Case):
 
     def test_commands_of_other_versions_say_so(self):
         p = self.program()
-        p.click("CheckForm.MenuHelpLocal")
+        p.click("CheckForm.MenuFileEnterprise")
         self.assertEqual(p.state("CheckForm.StatusBar1")["text"], "This command isn't in this version.")
 
     def test_the_about_window_has_a_button(self):
