@@ -315,8 +315,11 @@ struct BrowserTest : ReportWorld {};
 TEST_F(BrowserTest, TakesTheQuotesOff) {
     browser.OpenInBrowser("\"file:///a\"");
     browser.OpenInBrowser("http://h/\"");
+    EXPECT_EQ(programs.opened, (std::vector<std::string>{"file:///a", "http://h/\""}));
+    settings.BrowserPath = "\\bin\\b";
     browser.OpenInBrowser("\"");
-    EXPECT_EQ(programs.opened, (std::vector<std::string>{"file:///a", "http://h/\"", ""}));
+    EXPECT_EQ(programs.started, (std::vector<std::string>{"\\bin\\b", ""}));
+    programs.started.clear();
     settings.BrowserPath = "\\bin\\my browser";
     browser.OpenInBrowser("http://h/a b");
     EXPECT_EQ(programs.started, (std::vector<std::string>{"\\bin\\my browser", "http://h/a b"}));
