@@ -68,7 +68,7 @@ std::string Browser::PageAddress() {
     for (const char* name : kBrowserTitles) {
         const std::string title = FindWindowTitle(p_.others.Titles(), name, true);
         if (title.empty()) continue;
-        const std::string address = AskByKeys(title);
+        std::string address = AskByKeys(title);
         if (!address.empty()) return address;
     }
     return "";
