@@ -40,7 +40,8 @@ QStringList FilterList(const std::string& filter) {
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString name = parts[i].left(parts[i].indexOf('(')).trimmed();
         QString masks = parts[i + 1];
-        filters += name + " (" + masks.replace(';', ' ').replace("*.*", "*") + ")";
+        // Programs have no ending of their own here.
+        filters += name + " (" + masks.replace(';', ' ').replace("*.*", "*").replace("*.exe", "*") + ")";
     }
     return filters;
 }

@@ -29,6 +29,7 @@ TEST(DesktopText, ALongWordCanBeBrokenAndAFarTooLongTextIsCut) {
 TEST(DesktopFilters, AreWrittenAsTheToolkitReadsThem) {
     EXPECT_EQ(FilterList("HTML Files (*.htm;*.html)|*.htm;*.html"), QStringList{"HTML Files (*.htm *.html)"});
     EXPECT_EQ(FilterList("Lists|*.qvl|All Files (*.*)|*.*"), (QStringList{"Lists (*.qvl)", "All Files (*)"}));
+    EXPECT_EQ(FilterList("Program Files (*.exe)|*.exe"), QStringList{"Program Files (*)"});
     EXPECT_EQ(FilterList(""), QStringList());
 }
 
