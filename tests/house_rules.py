@@ -23,10 +23,11 @@ MAY_INCLUDE = {
 }
 MAY_INCLUDE["reports"] = MAY_INCLUDE["bookmarks"] = MAY_INCLUDE["retrieve"]
 MAY_INCLUDE["localmode"] = MAY_INCLUDE["check"]
+MAY_INCLUDE["enterprise"] = MAY_INCLUDE["reports"] | {"reports"}
 SUBSYSTEMS = set(MAY_INCLUDE)
 MAY_INCLUDE["program"] = SUBSYSTEMS | {"platform/linux"}
 MAY_INCLUDE["automation"] = BASE | {"program"}
-MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "check", "mail", "reports"}
+MAY_INCLUDE["desktop"] = BASE | {"program", "automation", "session", "mainwindow", "sitedb", "check", "mail", "reports", "enterprise"}
 MAY_INCLUDE["apps"] = SUBSYSTEMS | {"program", "automation", "desktop", "platform/linux"}
 
 QT = re.compile(r"^Q[A-Z]|^Qt[A-Z]")

@@ -77,6 +77,7 @@ std::string WindowSystem::BlockedBy(const Form& form) const {
 }
 
 std::string WindowSystem::ShowMessage(const MessageRequest& request) {
+    if (request.buttons.size() == 1 && TakeNotice && TakeNotice(request.text)) return request.defaultButton;
     Prompt prompt;
     prompt.message = &request;
     prompts_.push_back(&prompt);

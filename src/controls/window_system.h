@@ -70,6 +70,8 @@ class WindowSystem {
     // Shows a message box and waits; gives the name of the button.
     std::string ShowMessage(const MessageRequest& request);
     void ShowMessage(const std::string& text) { ShowMessage(MessageRequest{.text = text}); }
+    // Asked before a message box with a single button is shown: true takes its text over, and there is no box.
+    std::function<bool(const std::string& text)> TakeNotice;
     // Shows a file dialog and waits; gives the chosen path in the backslash form, or nothing when it was cancelled.
     std::optional<std::string> ShowFileDialog(const FileDialogRequest& request);
 

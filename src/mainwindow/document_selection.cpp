@@ -42,6 +42,7 @@ void DocumentSelection::txtFileName_Click() {
     if (p_.flags.IgnoreControlEvents != 0) return;
     CheckForm& w = p_.window;
     const int selected = w.txtFileName.ListIndex();
+    if (selected < 0) return;
     const std::int32_t number = w.txtFileName.ItemData(selected);
     if (number <= 0) {
         if (!w.TextFileName.Text().empty()) ComOpen_Click();

@@ -55,6 +55,8 @@ class Files {
     // there can be no such file.
     virtual std::unique_ptr<FileReplacer> Replace(const std::string& path) = 0;
 
+    // Opens a file for appending behind what it holds, making one with the rights of an ordinary document. Null when it can't be.
+    virtual std::unique_ptr<FileAppender> Extend(const std::string& path) = 0;
     // Opens a file for appending, emptied first. Null when it can't be opened.
     virtual std::unique_ptr<FileAppender> Create(const std::string& path) = 0;
 

@@ -8,6 +8,11 @@
 #include "check/http_probe.h"
 #include "check/link_check_run.h"
 #include "check/link_recheck.h"
+#include "enterprise/batch_form.h"
+#include "enterprise/enterprise_files.h"
+#include "enterprise/enterprise_run.h"
+#include "enterprise/schedule_form.h"
+#include "enterprise/select_form.h"
 #include "extract/hyperlink_importer.h"
 #include "localmode/local_document_open.h"
 #include "localmode/local_site_open.h"
@@ -61,7 +66,6 @@ struct Program::House {
     void ConnectCommands();
     void ConnectWindow();
     void ConnectReports();
-    void ConnectUnbuilt();
     void ShowWizard();
     void TakeEntry(const QuietEntry& entry);
     void ConnectSites();
@@ -78,6 +82,10 @@ struct Program::House {
     void ConnectEdit();
     void ConnectWeb();
     void ConnectBookmarks();
+    void ConnectEnterprise();
+    bool ShowBatchForm();
+    bool ShowSelectForm();
+    void ShowScheduleForm();
     void ConnectHelp(CommandButton& button, HelpTopic topic);
 
     ProgramServices services;
@@ -137,6 +145,9 @@ struct Program::House {
     ModeCommands modes{window, rules, session, settings};
     BookmarkMode bookmarks{{window, rules, modes, session, settings, flags, store, rows, services.files, services.others,
                             services.loop}};
+    EnterpriseRun enterprise{{window, session, settings, mail, flags, store, loader, reportSaver, services.files, services.loop,
+                              services.clock}};
+    Schedule schedule;
     std::optional<QuietEntry> quietEntry;  // takes the place of the wizard
     SpinButtons spin{window, flags, services.loop};
     StartUp startUp{{windows, window, initialForm, rules, session, settings, mail, flags, store, preferences, sites,

@@ -13,8 +13,8 @@ Program::House::House(const ProgramServices& s) : services(s), flags(s.flags) {
     ConnectEdit();
     ConnectWeb();
     ConnectBookmarks();
+    ConnectEnterprise();
     ConnectWindow();
-    ConnectUnbuilt();
 }
 
 void Program::House::ConnectStart(Program& program) {
@@ -25,8 +25,13 @@ void Program::House::ConnectStart(Program& program) {
     window.Unload = [this](bool& refused) { startUp.CheckForm_Unload(refused); };
     startUp.MenuFileNew_Click = [this] { sessionCommands.MenuFileNew_Click(); };
     startUp.MenuFileLocalMode_Click = [this] { modes.MenuFileLocalMode_Click(); };
+    startUp.ReadEnterpriseSettings = [this] {
+        ReadSchedule(services.files, session.AppPath, schedule);
+        qv::ReadEnterpriseSettings(services.files, session.AppPath, settings);
+    };
     startUp.ShowConfigForm = [this] { ShowConfigForm(); };
     startUp.ShowTipForm = [this] { ShowTipForm(); };
+    startUp.AutomaticStart = [this] { return enterprise.AutomaticStart(); };
     startUp.SaveRunningCheck = [this] { checkRun.SaveIfRunning(); };
     startUp.End = [&program](int code) {
         if (program.OnEnd) program.OnEnd(code);
@@ -185,6 +190,34 @@ void Program::House::ConnectBookmarks() {
     window.MenuLinkDelete.Click = [this] { bookmarks.MenuLinkDelete_Click(); };
 }
 
+// The run is the same handlers that a user drives. What they have to say meanwhile goes into the log: nobody need be there to read
+// it. A dialog that the user has opened speaks to the user.
+void Program::House::ConnectEnterprise() {
+    enterprise.MenuFileNew_Click = [this] { sessionCommands.MenuFileNew_Click(); };
+    enterprise.MenuFileLocalMode_Click = [this] { modes.MenuFileLocalMode_Click(); };
+    enterprise.MenuFileNormalMode_Click = [this] { modes.MenuFileNormalMode_Click(); };
+    enterprise.OpenLocalWebSite = [this] { localSite.OpenLocalWebSite(); };
+    enterprise.Command1_Click = [this] { siteOpen.Command1_Click(); };
+    enterprise.ComOpen_Click = [this] { documentOpen.ComOpen_Click(); };
+    enterprise.ComStart_Click = [this] { checkRun.ComStart_Click(); };
+    enterprise.ShowReportForm = [this] { windows.Show(reportForm); };
+    enterprise.UnloadReportForm = [this] { windows.Unload(reportForm); };
+    enterprise.UnloadScheduleForm = [this] {
+        if (Form* form = windows.FindForm("ScheduleForm")) windows.Unload(*form);
+    };
+    enterprise.ShowBatchForm = [this] { return ShowBatchForm(); };
+    enterprise.SendReportsMail = [this](std::int16_t& noRecipient, std::string& errorText) {
+        mailSender.SendReportsMail(noRecipient, errorText);
+    };
+    enterprise.SendMail = [this](std::string& errorText) { mailSender.SendMail(1, errorText); };
+    windows.TakeNotice = [this](const std::string& text) {
+        if (flags.EnterpriseRunning == 0 || !windows.BlockedBy(window).empty()) return false;
+        session.LogText += text + session.LineBreak + session.LineBreak;
+        return true;
+    };
+    window.MenuFileEnterprise.Click = window.ToolEnter.Click = [this] { enterprise.MenuFileEnterprise_Click(); };
+}
+
 void Program::House::ConnectWindow() {
     window.MenuFile.Click = [this] { rules.MenuFile_Click(); };
     window.MenuEdit.Click = [this] { rules.MenuEdit_Click(); };
@@ -215,16 +248,6 @@ void Program::House::ConnectWindow() {
     window.Timer1.Tick = [this] { steps.Timer1_Timer(); };
     window.Timer2.Tick = [this] { spin.Timer2_Timer(); };
     rules.ShowToolTips();
-}
-
-// A command that this version doesn't have says so, in the status bar.
-void Program::House::ConnectUnbuilt() {
-    const auto say = [this] { window.StatusBar1.SetText("This command isn't in this version."); };
-    for (Control* control : window.Controls()) {
-        if (auto* tool = dynamic_cast<ToolButton*>(control); tool != nullptr && !tool->Click) tool->Click = say;
-        auto* menu = dynamic_cast<Menu*>(control);
-        if (menu != nullptr && menu->ParentMenu() != nullptr && menu->Entries().empty() && !menu->Click) menu->Click = say;
-    }
 }
 
 }  // namespace qv

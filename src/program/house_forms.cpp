@@ -78,6 +78,28 @@ bool Program::House::ShowEditForm() {
     return form.Okay();
 }
 
+bool Program::House::ShowBatchForm() {
+    BatchForm form({windows, services.files, session, settings, mail, sites});
+    form.ShowSelectForm = [this] { return ShowSelectForm(); };
+    form.ShowScheduleForm = [this] { ShowScheduleForm(); };
+    form.ShowLogManager = [this] { ShowReportManager(1); };
+    form.Label2.Click = [this] { help.Show(HelpTopic::Scheduling); };
+    ConnectHelp(form.ComHelp, HelpTopic::Enterprise);
+    windows.ShowModal(form);
+    return form.BeginEnterpriseNow();
+}
+
+bool Program::House::ShowSelectForm() {
+    SelectForm form({windows, sites, settings.EnterpriseList});
+    windows.ShowModal(form);
+    return !form.SelectCancelled();
+}
+
+void Program::House::ShowScheduleForm() {
+    ScheduleForm form({windows, services.files, services.scheduler, services.clock, session.AppPath, schedule});
+    windows.ShowModal(form);
+}
+
 // A form that is open is shown anew.
 void Program::House::ShowSearchForm(std::int16_t searchMode) {
     windows.Unload(searchForm);

@@ -1,9 +1,11 @@
 // The world as it is on Linux, in the event loop of whoever runs the program: everything that ProgramServices names.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/event_loop.h"
+#include "platform/linux/crontab_scheduler.h"
 #include "platform/linux/curl_ftp1.h"
 #include "platform/linux/curl_http1.h"
 #include "platform/linux/curl_smtp1.h"
@@ -45,6 +47,7 @@ class LinuxServices {
     X11Windows others_;
     TimerDriver timers_{loop_};
     Places places_ = FindPlaces();
+    std::optional<CrontabScheduler> scheduler_;
 };
 
 }  // namespace qv

@@ -13,6 +13,7 @@
 #include "platform/ftp1.h"
 #include "platform/http1.h"
 #include "platform/ip_info1.h"
+#include "platform/job_scheduler.h"
 #include "platform/mime1.h"
 #include "platform/net_code1.h"
 #include "platform/other_windows.h"
@@ -41,6 +42,7 @@ struct ProgramServices {
     SettingsStore& store;
     Programs& programs;
     OtherWindows& others;
+    JobScheduler& scheduler;
     TimerService& timers;
     RunFlags& flags;  // the clients leave their failures here
     Places places;

@@ -88,7 +88,7 @@ void StartUp::CheckForm_Load() {
         p_.settings.SaveTextReport = kSet;
         p_.settings.QuestionableOnly = kSet;
     }
-    p_.settings.LogFolder = p_.session.AppPath + "Logs\\";
+    if (ReadEnterpriseSettings) ReadEnterpriseSettings();
     if (Unattended()) w.SetState(WindowState::Minimised);
 }
 
@@ -116,7 +116,7 @@ void StartUp::CheckForm_Activate() {
     p_.ftp.NetworkReady = true;
     p_.ipInfo.NetworkReady = true;
     if (Unattended()) {
-        if (AutomaticStart) AutomaticStart();
+        if (AutomaticStart() && End) End(0);
         return;
     }
     if (p_.store.HasCounter()) RestoreSession();

@@ -61,7 +61,8 @@ class StartUp {
     std::function<void()> MenuFileLocalMode_Click;
     std::function<void()> ShowConfigForm;  // modally
     std::function<void()> ShowTipForm;
-    std::function<void()> AutomaticStart;  // the unattended run
+    std::function<void()> ReadEnterpriseSettings;
+    std::function<bool()> AutomaticStart;  // the unattended run; true: the program is to end then
     std::function<void()> SaveRunningCheck;
     std::function<void(int)> End;
 

@@ -1,27 +1,14 @@
 #include "reports/report_creation.h"
 
-#include <array>
-
 #include "controls/window_system.h"
 #include "extract/url_text.h"
+#include "reports/report_forms.h"
 #include "text/basic_text.h"
 
 namespace qv {
 namespace {
 
 constexpr const char* kMailQuestion = "Reports were created, do you want to Email them now?";
-
-struct FormOfReport {
-    ReportKind kind;
-    const char* suffix;
-    Flag ReportSettings::*chosen;
-    Flag EntrySettings::*automatic;
-    std::vector<std::string> ReportLists::*names;
-};
-constexpr std::array<FormOfReport, 3> kForms = {
-    {{ReportKind::Text, "_text.txt", &ReportSettings::SaveTextReport, &EntrySettings::MakeTextReport, &ReportLists::TextReportNames},
-     {ReportKind::Ascii, "_ascii.txt", &ReportSettings::SaveAsciiReport, &EntrySettings::MakeAsciiReport, &ReportLists::AsciiReportNames},
-     {ReportKind::Html, "_html.htm", &ReportSettings::SaveHtmlReport, &EntrySettings::MakeHtmlReport, &ReportLists::HtmlReportNames}}};
 
 }  // namespace
 
@@ -43,7 +30,7 @@ void ReportCreation::CreateReports(const std::string& folder, std::int16_t autom
     if (w.txtFileName.Count() > 0) {
         const std::string base = BaseName();
         const std::int32_t selected = w.txtFileName.ItemData(w.txtFileName.ListIndex());
-        for (const FormOfReport& form : kForms) {
+        for (const FormOfReport& form : kFormsOfReport) {
             if ((automatic != 0 ? p_.settings.*form.automatic : p_.settings.*form.chosen) == 0) continue;
             const std::string name = base + form.suffix;
             if (!p_.saver.SaveReports(folder + name, selected, static_cast<std::int16_t>(form.kind), 1))

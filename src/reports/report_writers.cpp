@@ -120,6 +120,31 @@ class AsciiReport : public ReportWriter {
     ReportOutput& out_;
 };
 
+bool AllPass(const LinkTable& links) {
+    for (std::size_t i = 1; i < links.LinkFlags.size(); ++i)
+        if (!Passes(links.LinkFlags[i].Status)) return false;
+    return true;
+}
+
+// A row without a status only names something: it has no anchor, and none of the filters leaves it out.
+void HtmlRow(const LinkTable& links, std::int32_t link, bool questionableOnly, ReportOutput& out) {
+    const auto i = static_cast<std::size_t>(link);
+    const std::string_view status = links.LinkFlags[i].TrimmedStatus();
+    const std::string_view text = Trim(links.LinkTexts[i]);
+    const std::string_view url = Trim(links.LinkUrls[i]);
+    if (status.empty() ? text.empty() : questionableOnly && Passes(status)) return;
+    std::string& row = out.Open();
+    if (status.empty())
+        row.append("<TR><TD></TD><TD WIDTH=10%>");
+    else
+        row.append("<TR><TD WIDTH=4%> ").append(status).append(" </TD><TD WIDTH=10%>");
+    AppendNumberedCell(row, link, text, 33, 30, "...");
+    if (status.empty())
+        out.Line("</TD><TD>", url, "</TD></TR>");
+    else
+        out.Line("</TD><TD WIDTH=86%><A HREF=\"", url, "\" TARGET=\"_blank\">", url, "</A></TD></TR>");
+}
+
 // Nothing is escaped: texts and addresses stand as they came.
 class HtmlReport : public ReportWriter {
    public:
@@ -134,13 +159,7 @@ class HtmlReport : public ReportWriter {
         out_.Line("</B><BR> Report Identifier: <B>", title.identifier, "</B><P>");
     }
     void Document(const ReportDocument& document, const std::function<void()>&) override {
-        if (questionableOnly_ && AllPass(document.links)) return;
-        written_ = true;
-        out_.Line("<P><B>Web Page: </B><I><A HREF=\"", document.address, "\" TARGET=\"_blank\">", document.address, "</A></I>");
-        out_.Line("<P><TABLE WIDTH=2500 CELLPADDING=2><TR><TD WIDTH=4%><B>Link Status</B></TD><TD WIDTH=10%><B>Link Text</B></TD>"
-                  "<TD WIDTH=87%><B>Link URL</B></TD></TR>");
-        for (std::int32_t link = 1; link <= document.links.LinkCount; ++link) Row(document.links, link);
-        out_.Line("</TABLE>");
+        if (WriteHtmlDocument(document, questionableOnly_, out_)) written_ = true;
     }
     void End() override {
         if (!written_) out_.Line("<P><UL><LI>All links OK.</UL>");
@@ -149,30 +168,6 @@ class HtmlReport : public ReportWriter {
     }
 
    private:
-    static bool AllPass(const LinkTable& links) {
-        for (std::size_t i = 1; i < links.LinkFlags.size(); ++i)
-            if (!Passes(links.LinkFlags[i].Status)) return false;
-        return true;
-    }
-    // A row without a status only names something: it has no anchor, and none of the filters leaves it out.
-    void Row(const LinkTable& links, std::int32_t link) {
-        const auto i = static_cast<std::size_t>(link);
-        const std::string_view status = links.LinkFlags[i].TrimmedStatus();
-        const std::string_view text = Trim(links.LinkTexts[i]);
-        const std::string_view url = Trim(links.LinkUrls[i]);
-        if (status.empty() ? text.empty() : questionableOnly_ && Passes(status)) return;
-        std::string& row = out_.Open();
-        if (status.empty())
-            row.append("<TR><TD></TD><TD WIDTH=10%>");
-        else
-            row.append("<TR><TD WIDTH=4%> ").append(status).append(" </TD><TD WIDTH=10%>");
-        AppendNumberedCell(row, link, text, 33, 30, "...");
-        if (status.empty())
-            out_.Line("</TD><TD>", url, "</TD></TR>");
-        else
-            out_.Line("</TD><TD WIDTH=86%><A HREF=\"", url, "\" TARGET=\"_blank\">", url, "</A></TD></TR>");
-    }
-
     bool questionableOnly_;
     ReportOutput& out_;
     bool written_ = false;
@@ -188,6 +183,18 @@ void ReportOutput::EndLine() {
     block_.append("\r\n");
     if (block_.size() >= kBlock) Flush();
 }
+
+bool WriteHtmlDocument(const ReportDocument& document, bool questionableOnly, ReportOutput& out) {
+    if (questionableOnly && AllPass(document.links)) return false;
+    out.Line("<P><B>Web Page: </B><I><A HREF=\"", document.address, "\" TARGET=\"_blank\">", document.address, "</A></I>");
+    out.Line("<P><TABLE WIDTH=2500 CELLPADDING=2><TR><TD WIDTH=4%><B>Link Status</B></TD><TD WIDTH=10%><B>Link Text</B></TD>"
+             "<TD WIDTH=87%><B>Link URL</B></TD></TR>");
+    for (std::int32_t link = 1; link <= document.links.LinkCount; ++link) HtmlRow(document.links, link, questionableOnly, out);
+    out.Line("</TABLE>");
+    return true;
+}
+
+std::string NameStamp(const std::tm& time) { return Stamp(time, "%d-%m-%y_%I.%M.%S") + (time.tm_hour < 12 ? "AM" : "PM"); }
 
 void ReportOutput::Flush() {
     if (!block_.empty()) pass_(block_);

@@ -69,6 +69,13 @@ class ReportWriter {
 };
 std::unique_ptr<ReportWriter> MakeReportWriter(ReportKind kind, bool questionableOnly, ReportOutput& output);
 
+// A document's part of an HTML report: its address and the table of its links. False, and nothing written, when only questionable
+// links are wanted and there is none.
+bool WriteHtmlDocument(const ReportDocument& document, bool questionableOnly, ReportOutput& output);
+
+// Date and time of a log's name ("21-11-26_09.05.00AM").
+std::string NameStamp(const std::tm& time);
+
 // The questionable links of one document, for the clipboard. Without a document there are the title and totals of 0.
 std::string ClipboardReport(const ReportTitle& title, const ReportDocument* document);
 

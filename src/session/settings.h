@@ -77,7 +77,16 @@ struct ReportSettings {
     std::string LogFolder;       // of the logs, with a backslash at its end
 };
 
-struct Settings : EntrySettings, ProgramSettings, ReportSettings {};
+// What an Enterprise run works off, and what it leaves. Lines of batchlst.zdt and newencfg.zdt.
+struct EnterpriseSettings {
+    std::vector<std::string> EnterpriseList;  // record numbers of the site database, as texts, in the order of the run
+    Flag MakeEventLog = kClear;
+    Flag EmailLogs = kClear;
+    Flag ExitWhenComplete = kClear;
+    Flag MakeHtmlLog = kClear;
+};
+
+struct Settings : EntrySettings, ProgramSettings, ReportSettings, EnterpriseSettings {};
 
 // The mail values. The first nine are lines of emailcfg.zdt.
 struct MailSettings {

@@ -7,7 +7,6 @@ from servers import page, reply
 
 BASE = "http://127.0.0.1:9/"
 MASS = ["MenuEditSelectAll", "MenuEditSelectNone", "MenuEditContain", "MenuEditDontContain", "MenuEditReset"]
-UNBUILT = {"MenuFileEnterprise"}
 HELPER = """#!/bin/sh
 { for a in "$@"; do printf '%%s\\0' "$a"; done; printf '\\n'; } >> '%s'
 %s
@@ -175,14 +174,13 @@ class Commands(Case):
         tried = 0
         for menu in ("MenuEdit", "MenuView", "MenuLink", "MenuReports", "MenuSearch", "MenuHelp", "MenuFile"):
             for name in list(commands(p.do("menu", "CheckForm." + menu)["entries"])):
-                if name in UNBUILT | {"MenuFileExit"}:
+                if name == "MenuFileExit":
                     continue
                 self.assertTrue(p.rows() or menu == "MenuFile", "before " + name)  # a change of mode clears the session
                 if p.rows():
                     p.do("select", "CheckForm.List1", row=0)
                 request = p.send("click", "CheckForm." + name)
                 self.settle(p, request)
-                self.assertNotIn("isn't in this version", p.state("CheckForm.StatusBar1")["text"], name)
                 tried += 1
         self.assertGreater(tried, 45)
         self.assertGreater(len(opened()), 8)

@@ -104,11 +104,6 @@ class Window(Case):
         p.reply(request)
         self.assertEqual(p.state("CheckForm.txtFileName")["index"], 0)
 
-    def test_commands_of_other_versions_say_so(self):
-        p = self.program()
-        p.click("CheckForm.MenuFileEnterprise")
-        self.assertEqual(p.state("CheckForm.StatusBar1")["text"], "This command isn't in this version.")
-
     def test_the_about_window_has_a_button(self):
         p = self.program()
         request = p.send("click", "CheckForm.MenuHelpAbout")

@@ -4,6 +4,7 @@
 #include "desktop/views/config_form_view.h"
 #include "desktop/views/default_form_view.h"
 #include "desktop/views/email_form_view.h"
+#include "desktop/views/enterprise_views.h"
 #include "desktop/views/link_views.h"
 #include "desktop/views/plain_view.h"
 #include "desktop/views/report_views.h"
@@ -27,7 +28,8 @@ FormWindow* MakeView(Form& form, QWidget* parent) {
           Try<ReportForm, ReportFormView>, Try<ConfigForm, ConfigFormView>, Try<WizardForm, WizardFormView>,
           Try<frmform, ReportOptionsView>, Try<ReportManagerForm, ReportManagerView>, Try<ReportSelectForm, ReportSelectView>,
           Try<EmailForm, EmailFormView>, Try<DefaultForm, DefaultFormView>, Try<SearchForm, SearchFormView>,
-          Try<EditForm, EditFormView>})
+          Try<EditForm, EditFormView>, Try<BatchForm, BatchFormView>, Try<SelectForm, SelectFormView>,
+          Try<ScheduleForm, ScheduleFormView>})
         if (FormWindow* view = attempt(form, parent)) return view;
     return new PlainView(form, parent);
 }

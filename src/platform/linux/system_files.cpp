@@ -171,6 +171,12 @@ std::unique_ptr<FileReplacer> SystemFiles::Replace(const std::string& path) {
     return file;
 }
 
+std::unique_ptr<FileAppender> SystemFiles::Extend(const std::string& path) {
+    if (HasNul(path)) return nullptr;
+    const int file = open(NativePath(path).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, kDocument);
+    return file < 0 ? nullptr : std::make_unique<SystemAppender>(file);
+}
+
 std::unique_ptr<FileAppender> SystemFiles::Create(const std::string& path) {
     if (HasNul(path)) return nullptr;
     const int file = open(NativePath(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kOwnerOnly);

@@ -7,6 +7,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 namespace qv {
@@ -93,6 +94,11 @@ std::vector<Window> Clients(const Connection& x) {
 }
 
 }  // namespace
+
+bool HasDisplay() {
+    const char* wayland = std::getenv("WAYLAND_DISPLAY");
+    return (wayland != nullptr && *wayland != '\0') || Connection();
+}
 
 std::vector<std::string> X11Windows::Titles() {
     std::vector<std::string> titles;

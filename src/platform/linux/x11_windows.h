@@ -5,6 +5,9 @@
 
 namespace qv {
 
+// Whether windows can be opened: the environment names a display, and it answers.
+bool HasDisplay();
+
 // Asks the display that the environment names, anew each time; without one there are no windows.
 class X11Windows : public OtherWindows {
    public:

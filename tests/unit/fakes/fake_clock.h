@@ -8,9 +8,10 @@ namespace qv {
 class FakeClock : public Clock {
    public:
     double SecondsSinceMidnight() const override { return now; }
-    std::tm LocalTime() const override { return {}; }
+    std::tm LocalTime() const override { return local; }
     bool PausesWanted() const override { return pauses; }
 
+    std::tm local{};
     double now = 36000;
     bool pauses = true;
 };

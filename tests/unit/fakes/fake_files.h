@@ -43,6 +43,10 @@ class FakeFiles : public Files {
         if (writesFail) return nullptr;
         return std::make_unique<Replacer>(*this, path);
     }
+    std::unique_ptr<FileAppender> Extend(const std::string& path) override {
+        if (writesFail) return nullptr;
+        return std::make_unique<Appender>(files[path]);
+    }
     std::unique_ptr<FileAppender> Create(const std::string& path) override {
         if (writesFail) return nullptr;
         files[path].clear();
