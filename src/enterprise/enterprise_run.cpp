@@ -5,6 +5,7 @@
 #include "controls/window_system.h"
 #include "enterprise/enterprise_files.h"
 #include "extract/url_text.h"
+#include "mainwindow/window_rules.h"
 #include "reports/report_forms.h"
 #include "session/partial_site.h"
 #include "sitedb/load_site_record.h"
@@ -139,6 +140,7 @@ void EnterpriseRun::OpenAndCheck() {
 }
 
 void EnterpriseRun::WriteReports(std::int32_t id) {
+    const HeldControls held(p_.window, p_.rules);
     p_.session.ClearAttachments();
     std::string base = p_.session.SiteUrl + p_.session.SiteFileName;
     MakeFileNameText(base);
@@ -154,6 +156,7 @@ void EnterpriseRun::WriteReports(std::int32_t id) {
 void EnterpriseRun::MailReports() {
     const bool wanted = p_.settings.EmailReports != 0 && !p_.session.AttachmentPaths.empty();
     if (!wanted || Trim(p_.mail.MailServer).empty() || Trim(p_.mail.MailFromAddress).empty()) return;
+    const HeldControls held(p_.window, p_.rules);
     p_.window.LabelInd.SetCaption("Emailing Reports...");
     std::int16_t noRecipient = kClear;
     std::string errorText;
@@ -186,8 +189,11 @@ void EnterpriseRun::MailLogs() {
     p_.mail.MailSubject = "Zephon Quorvantis Enterprise Check Log";
     p_.mail.MailBody = lineBreak + "Your Quorvantis Enterprise Check Log files are attached to this email." + lineBreak + lineBreak;
     p_.mail.MailIncludeComments = " 0";
+    const HeldControls held(p_.window, p_.rules);
+    p_.window.SetPointer(Pointer::Wait);
     std::string errorText;
     SendMail(errorText);
+    p_.window.SetPointer(Pointer::Default);
     Log("Log Files Emailed.");
 }
 
@@ -195,6 +201,7 @@ void EnterpriseRun::SaveEnterReport(const std::string& path, std::int32_t id) {
     CheckForm& w = p_.window;
     const ListBox& documents = w.txtFileName;
     w.SetPointer(Pointer::Wait);
+    p_.rules.DisableControls();
     w.ProgressBar1.SetVisible(true);
     w.ProgressBar1.SetValue(0);
     w.ProgressBar1.SetRange(0, std::max(documents.Count() - 1, 0));
@@ -231,6 +238,7 @@ void EnterpriseRun::SaveEnterReport(const std::string& path, std::int32_t id) {
         for (const char* line : {"<P>End Enterprise Report Log", "<P><HR>", "</BODY>", "</HTML>"}) out.Line(line);
     out.Flush();
     if (id > 0) p_.store.LoadLinkList(id);
+    p_.rules.EnableControls();
     w.SetPointer(Pointer::Default);
     w.txtFileName.SetFocus();
     w.ProgressBar1.SetValue(0);

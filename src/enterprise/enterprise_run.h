@@ -17,11 +17,13 @@
 namespace qv {
 
 class SiteRecordLoader;
+class WindowRules;
 
 class EnterpriseRun {
    public:
     struct Parts {
         CheckForm& window;
+        WindowRules& rules;
         Session& session;
         Settings& settings;
         MailSettings& mail;

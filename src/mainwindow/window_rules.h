@@ -54,4 +54,20 @@ class WindowRules {
     const DocumentStore& store_;
 };
 
+// Keeps the user from starting anything else for as long as it lives. The control with the focus has it again afterwards.
+class HeldControls {
+   public:
+    HeldControls(CheckForm& window, WindowRules& rules) : rules_(rules), focus_(window.Focus()) { rules_.DisableControls(); }
+    ~HeldControls() {
+        rules_.EnableControls();
+        if (focus_ != nullptr) focus_->SetFocus();
+    }
+    HeldControls(const HeldControls&) = delete;
+    HeldControls& operator=(const HeldControls&) = delete;
+
+   private:
+    WindowRules& rules_;
+    Control* focus_;
+};
+
 }  // namespace qv

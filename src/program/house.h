@@ -145,8 +145,8 @@ struct Program::House {
     ModeCommands modes{window, rules, session, settings};
     BookmarkMode bookmarks{{window, rules, modes, session, settings, flags, store, rows, services.files, services.others,
                             services.loop}};
-    EnterpriseRun enterprise{{window, session, settings, mail, flags, store, loader, reportSaver, services.files, services.loop,
-                              services.clock}};
+    EnterpriseRun enterprise{{window, rules, session, settings, mail, flags, store, loader, reportSaver, services.files,
+                              services.loop, services.clock}};
     Schedule schedule;
     std::optional<QuietEntry> quietEntry;  // takes the place of the wizard
     SpinButtons spin{window, flags, services.loop};

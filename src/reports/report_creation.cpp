@@ -56,12 +56,11 @@ void ReportCreation::MailReports(std::string& mailError) {
 
 void ReportCreation::MenuReportsSave_Click() {
     if (!ShowDialog()) return;
-    Control* focus = p_.window.Focus();
-    p_.rules.DisableControls();
-    std::string mailError;
-    CreateReports(p_.settings.ReportFolder, 0, mailError);
-    p_.rules.EnableControls();
-    if (focus != nullptr) focus->SetFocus();
+    {
+        const HeldControls held(p_.window, p_.rules);
+        std::string mailError;
+        CreateReports(p_.settings.ReportFolder, 0, mailError);
+    }
     p_.session.ViewerFolderChoice = 1;
     ShowViewer();
 }

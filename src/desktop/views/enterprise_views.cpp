@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStyle>
 
 #include "desktop/layout.h"
 #include "desktop/list_view.h"
@@ -80,7 +81,9 @@ BatchFormView::BatchFormView(BatchForm& form, QWidget* parent) : FormWindow(form
 SelectFormView::SelectFormView(SelectForm& form, QWidget* parent) : FormWindow(form, parent, Qt::Dialog) {
     const auto column = [this](Label& label, ListBox& box, const char* nothing) {
         ListView* list = Make(box);
+        list->SetHintRows(12);
         list->SetMeasuresRows();
+        list->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
         list->SetPlaceholder(nothing);
         auto* both = new QVBoxLayout;
         both->addWidget(MakeFor(label, list));
@@ -119,18 +122,23 @@ void ScheduleFormView::AddSpinner(QHBoxLayout& row, TextBox& text, ScrollBar& ba
 QWidget* ScheduleFormView::WeekBox(ScheduleForm& form) {
     QGroupBox* box = MakeBox(form.Frame1);
     auto* days = new QVBoxLayout;
+    days->setSpacing(4);
     days->addWidget(Make(form.Label3));
     for (const auto& day : form.CheckDay) days->addWidget(Make(*day));
+    days->addStretch();
     auto* time = new QVBoxLayout;
     time->addWidget(Make(form.Label5));
     auto* clock = new QHBoxLayout;
     clock->setSpacing(2);
     AddSpinner(*clock, form.TextHour, form.ScrollLabelTop);
-    clock->addWidget(new TextLabel(TextLabel::Style::Line, this));
+    auto* colon = new TextLabel(TextLabel::Style::Line, this);
+    colon->setText(":");
+    clock->addWidget(colon);
     AddSpinner(*clock, form.TextMinute, form.ScrollLabelLeft);
     clock->addSpacing(kGap);
     QComboBox* half = Make(form.ComboAMPM);
     half->lineEdit()->setReadOnly(true);
+    half->setFixedWidth(fontMetrics().horizontalAdvance("AM") + 3 * kGap + half->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     clock->addWidget(half);
     time->addLayout(clock);
     time->addStretch();

@@ -13,7 +13,7 @@ struct EnterpriseWorld : ReportWorld {
     FakeHttp1 http{flags};
     SiteDatabase sites{files, session};
     SiteRecordLoader loader{sites, session, settings, http};
-    EnterpriseRun run{{window, session, settings, mail, flags, store, loader, saver, files, loop, clock}};
+    EnterpriseRun run{{window, rules, session, settings, mail, flags, store, loader, saver, files, loop, clock}};
 
     std::vector<std::string> calls;
     std::function<void()> opens = [] {};   // what any of the three openers does

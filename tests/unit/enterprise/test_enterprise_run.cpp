@@ -208,6 +208,28 @@ TEST_F(EnterpriseRunTest, WhatIsLoggedOfAMail) {
     EXPECT_EQ(logged(-1, "refused"), "Error When Emailing Reports: refused" + end);
 }
 
+TEST_F(EnterpriseRunTest, NothingElseCanBeStartedWhileReportsAreWrittenAndMailed) {
+    OpensWell();
+    WithMail();
+    settings.MakeHtmlLog = settings.EmailLogs = kSet;
+    int seen = 0;
+    const auto held = [&] {
+        EXPECT_FALSE(window.MenuFile.Enabled());
+        EXPECT_FALSE(window.Command1.Enabled());
+        EXPECT_FALSE(window.ToolEnter.Enabled());
+        ++seen;
+    };
+    mails = held;
+    loop.onYield = held;
+    window.txtFileName.SetFocus();
+    Check({A(AllReports)});
+    EXPECT_EQ(Count("mail reports") + Count("mail logs"), 2);
+    EXPECT_GT(seen, 2);
+    EXPECT_TRUE(window.MenuFile.Enabled());
+    EXPECT_TRUE(window.Command1.Enabled());
+    EXPECT_EQ(window.Focus(), &window.txtFileName);
+}
+
 TEST_F(EnterpriseRunTest, TheTextLogReplacesAnOlderOneAndIsWrittenBehindACancelledRunToo) {
     files.files[kTextLog] = "old and much longer than anything that a log of a run without entries has to say about itself, really. "
                             "It goes on and on, and on again, so that what is left of it would be seen.";
@@ -222,6 +244,7 @@ TEST_F(EnterpriseRunTest, LogsAreMailedToTheSender) {
     mail.MailCopyList = "boss@h.test,";
     mail.MailTo = "old@h.test";
     mails = [this] {
+        EXPECT_EQ(window.Pointer(), Pointer::Wait);
         EXPECT_EQ(session.AttachmentPaths, (Calls{kTextLog, kHtmlLog}));
         EXPECT_EQ(session.AttachmentNames[1], "Enterprise_Check_21-11-26_09.05.07AM_Log.htm");
         EXPECT_EQ(mail.MailTo, "me@h.test");

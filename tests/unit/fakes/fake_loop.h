@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <utility>
 
@@ -17,6 +18,7 @@ class FakeLoop : public EventLoop {
     void Yield() override { RunDue(); }
     void YieldIfDue() override {
         ++yields;
+        if (onYield) onYield();
         RunDue();
     }
     void WaitFor(double seconds) override {
@@ -41,6 +43,7 @@ class FakeLoop : public EventLoop {
     }
 
     int yields = 0;
+    std::function<void()> onYield;  // what the user sees or does in the middle of a long operation
 
    private:
     struct Running {
