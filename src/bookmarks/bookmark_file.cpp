@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 
 #include "text/basic_text.h"
 #include "text/lines.h"
@@ -16,12 +17,22 @@ constexpr const char* kSubtitleRow = "SUBTITLE";
 
 std::string Trimmed(std::string_view text) { return std::string(Trim(text)); }
 
+// The number that a line begins with, in any form that FloatPrintForm writes; 0 when there is none.
+double ReadFloat(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t+"), line.size()));
+    const std::string_view digits = line.substr(line.starts_with('-') ? 1 : 0);
+    if (digits.empty() || (digits[0] != '.' && (digits[0] < '0' || digits[0] > '9'))) return 0;
+    double value = 0;
+    const auto [rest, error] = std::from_chars(line.data(), line.data() + line.size(), value);
+    return error == std::errc() ? value : 0;
+}
+
 BookmarkEntry ReadEntry(LineReader& reader) {
     BookmarkEntry entry;
     entry.Url = std::string(reader.Next());
     entry.Title = std::string(reader.Next());
     entry.third = std::string(reader.Next());
-    for (double& number : entry.numbers) number = LeadingNumber(reader.Next());
+    for (double& number : entry.numbers) number = ReadFloat(reader.Next());
     entry.Subtitle = LeadingInt16(reader.Next()).value_or(0);
     for (int dropped = 0; dropped < 3; ++dropped) reader.Next();
     return entry;

@@ -16,6 +16,13 @@
 #include "desktop/qt_text.h"
 
 namespace qv {
+namespace {
+
+// About what a window manager puts around a window.
+constexpr int kFrame = 2;      // pixels
+constexpr int kTitleBar = 28;  // pixels
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags), form_(&form) {
     if (flags == Qt::Dialog) setWindowFlags(flags | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
@@ -109,7 +116,8 @@ void FormWindow::ShowForm(Aspect aspect) {
     showing_ = outer;
 }
 
-// The window is at least as large as its contents need, around the middle of where the form would be, and on the screen.
+// The window is at least as large as its contents need and not larger than the screen, around the middle of where the form would
+// be, and on the screen.
 void FormWindow::FitPlace() {
     ensurePolished();
     const Geometry& wish = form_->Place();
@@ -122,8 +130,14 @@ void FormWindow::FitPlace() {
     }
     const QScreen* screen = QGuiApplication::screenAt(middle);
     if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    if (screen != nullptr && !screen->availableGeometry().intersects(place))
-        place.moveCenter(screen->availableGeometry().center());
+    if (screen != nullptr) {
+        const QRect room = screen->availableGeometry().adjusted(kFrame, kTitleBar, -kFrame, -kFrame);
+        const QSize fits = place.size().boundedTo(room.size().expandedTo(least));
+        if (fits != place.size() || !screen->availableGeometry().intersects(place)) {
+            place.setSize(fits);
+            place.moveCenter(room.center());
+        }
+    }
     form_->SetPlace({place.left(), place.top(), place.width(), place.height()});
 }
 

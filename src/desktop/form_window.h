@@ -60,7 +60,7 @@ class FormWindow : public QWidget, public ControlObserver {
     QComboBox* Make(ComboBox& combo);
     ListView* Make(ListBox& list);
     QProgressBar* Make(ProgressBar& bar);
-    QScrollBar* Make(ScrollBar& bar);
+    QScrollBar* Make(ScrollBar& bar, Qt::Orientation orientation = Qt::Horizontal);
     TextLabel* Make(StatusBar& bar);
     TabBar* Make(TabStrip& strip);
     QMenuBar* MakeMenuBar();

@@ -61,7 +61,9 @@ QLineEdit* FormWindow::Make(TextBox& box) { return Bind<LineBinder>(box, new QLi
 QPlainTextEdit* FormWindow::MakeText(TextBox& box) { return Bind<PageBinder>(box, new QPlainTextEdit(ParentFor(box))); }
 QComboBox* FormWindow::Make(ComboBox& combo) { return Bind<ComboBinder>(combo, new QComboBox(ParentFor(combo))); }
 ListView* FormWindow::Make(ListBox& list) { return Bind<ListBinder>(list, new ListView(ParentFor(list))); }
-QScrollBar* FormWindow::Make(ScrollBar& bar) { return Bind<ScrollBarBinder>(bar, new QScrollBar(Qt::Horizontal, ParentFor(bar))); }
+QScrollBar* FormWindow::Make(ScrollBar& bar, Qt::Orientation orientation) {
+    return Bind<ScrollBarBinder>(bar, new QScrollBar(orientation, ParentFor(bar)));
+}
 QProgressBar* FormWindow::Make(ProgressBar& bar) { return Bind<ProgressBinder>(bar, new QProgressBar(ParentFor(bar))); }
 TextLabel* FormWindow::Make(StatusBar& bar) { return Bind<StatusBinder>(bar, new TextLabel(TextLabel::Style::Cut, this)); }
 

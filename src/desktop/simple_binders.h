@@ -90,6 +90,7 @@ class ProgressBinder : public Binder {
     QProgressBar* bar_;
 };
 
+// Values of an upright bar grow upwards, as its upper arrow says.
 class ScrollBarBinder : public Binder {
    public:
     ScrollBarBinder(ScrollBar& bar, QScrollBar* widget);
@@ -99,6 +100,7 @@ class ScrollBarBinder : public Binder {
     void AddWidgetState(nlohmann::json& state) const override;
 
    private:
+    int Turned(int value) const;  // from the bar's value to the control's, and back
     QScrollBar* bar_;
 };
 

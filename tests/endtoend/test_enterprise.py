@@ -14,6 +14,7 @@ from pathlib import Path
 
 from case import Case
 from displays import display
+from hands import Hands
 from program import Program, Scratch, is_desktop
 from servers import FaultyMail, MailDaemon, closed_port, page, python_with, reply
 
@@ -656,3 +657,94 @@ class Starter(FourEntries):
             time.sleep(0.05)
         self.assertIsNone(self.started())
         self.compare_results(server)
+
+
+@unittest.skipUnless(is_desktop(), "there are no windows")
+class Windows(EnterpriseCase):
+    """The dialogs under a real mouse and a real keyboard."""
+
+    def start(self):
+        for name in ("a", "b", "c"):
+            self.entry("http://127.0.0.1:9/", name + ".html")
+        self.list()
+        self.settings()
+        opener = self.scratch.root / "xdg-open"
+        opener.write_text('#!/bin/sh\necho "$1" >"%s/opened"\n' % self.scratch.root)
+        opener.chmod(0o755)
+        p = self.program(environment={"QUORVANTIS_AUTOMATION_PLACES": "1", "PATH": "%s:%s" % (self.scratch.root, os.environ["PATH"])})
+        self.hands = Hands(p)
+        self.hands.window("Zephon Quorvantis - Internet Mode")
+        p.until(lambda: p.state("CheckForm.Command1")["place"][0] > 0)
+        self.hands.click("CheckForm.ToolEnter")
+        p.event("modal", form="BatchForm")
+        self.shown(p, "BatchForm.Command1")
+        return p
+
+    def shown(self, p, at):
+        self.hands.window(p.caption(at.split(".")[0]).strip() + " *")
+        p.until(lambda: p.state(at)["place"][0] > 0)
+
+    def focus(self, p, form):
+        return p.state(form)["focus"]
+
+    def test_a_list_is_put_together_by_keys_alone(self):
+        p = self.start()
+        self.hands.key("alt+a")
+        p.event("modal", form="SelectForm")
+        self.shown(p, "SelectForm.ComAdd")
+        p.until(lambda: self.focus(p, "SelectForm") == "List1")
+        self.hands.key("Down", "Down", "space", "alt+d")  # the first was selected before
+        p.until(lambda: len(p.rows("SelectForm.List2")) == 2)
+        self.assertEqual(p.rows("SelectForm.List2"), ["Internet Document: http://127.0.0.1:9/%s.html" % n for n in "ac"])
+        order = [self.focus(p, "SelectForm")]
+        for _ in range(4):
+            self.hands.key("Tab")
+            order.append(p.until(lambda: self.focus(p, "SelectForm") != order[-1] and self.focus(p, "SelectForm")))
+        self.assertEqual(order, ["List1", "ComAdd", "ComRemoveAll", "List2", "ComOkay"])
+        self.hands.key("alt+o")
+        p.event("closed", form="SelectForm")
+        p.until(lambda: len(p.rows("BatchForm.List1")) == 2)
+        self.assertEqual(self.scratch.lines("batchlst.zdt"), ["2", "1", "3"])
+        self.hands.key("alt+f")
+        p.until(lambda: p.caption("BatchForm.Check5") == "Auto-Check is O&N")
+        self.hands.key("alt+n")
+        p.until(lambda: p.caption("BatchForm.Check5") == "Auto-Check is O&FF")
+
+    def test_the_link_opens_its_help_page(self):
+        p = self.start()
+        self.hands.click("BatchForm.Label2")
+        opened = self.scratch.root / "opened"
+        p.until(lambda: opened.exists() and opened.read_text().strip())
+        self.assertTrue(opened.read_text().strip().endswith("/help/topic220.html"))
+
+    def test_a_row_that_is_pressed_keeps_no_highlight(self):
+        p = self.start()
+        self.list(1, 2, 3)
+        self.hands.key("Escape")
+        p.event("closed", form="BatchForm")
+        self.hands.click("CheckForm.ToolEnter")
+        p.event("modal", form="BatchForm")
+        self.shown(p, "BatchForm.List1")
+        self.hands.click("BatchForm.List1", row=1)
+        p.until(lambda: self.focus(p, "BatchForm") == "List1")
+        self.assertEqual([item["selected"] for item in p.state("BatchForm.List1")["items"]], [False] * 3)
+
+    def test_the_arrows_count_the_time_up_and_down(self):
+        p = self.start()
+        self.list(1)
+        self.hands.key("Escape")
+        p.event("closed", form="BatchForm")
+        self.scratch.write("schedcfg.zdt", "".join(l + "\r\n" for l in ["here", "11", "58", "PM", "M"] + [""] * 16).encode())
+        self.hands.click("CheckForm.ToolEnter")
+        p.event("modal", form="BatchForm")
+        self.shown(p, "BatchForm.Check5")
+        self.hands.click("BatchForm.Check5")
+        p.until(lambda: p.state("BatchForm.Command5")["usable"])
+        self.hands.click("BatchForm.Command5")
+        p.event("modal", form="ScheduleForm")
+        self.shown(p, "ScheduleForm.ScrollLabelTop")
+        for bar, text, wanted in (("ScrollLabelTop", "TextHour", ("12", "11")), ("ScrollLabelLeft", "TextMinute", ("59", "58"))):
+            left, top, width, height = p.state("ScheduleForm." + bar)["place"]
+            for place, value in zip((top + 4, top + height - 4), wanted):
+                self.hands.tool("mousemove", "--sync", left + width // 2, place, "click", 1)
+                p.until(lambda: p.state("ScheduleForm." + text)["text"] == value)

@@ -109,10 +109,7 @@ SelectFormView::SelectFormView(SelectForm& form, QWidget* parent) : FormWindow(f
 void ScheduleFormView::AddSpinner(QHBoxLayout& row, TextBox& text, ScrollBar& bar) {
     QLineEdit* field = Make(text);
     field->setFixedWidth(fontMetrics().horizontalAdvance("00000"));
-    QScrollBar* arrows = Make(bar);
-    arrows->setOrientation(Qt::Vertical);
-    arrows->setInvertedAppearance(true);
-    arrows->setInvertedControls(false);
+    QScrollBar* arrows = Make(bar, Qt::Vertical);
     arrows->setPageStep(1);
     arrows->setFixedHeight(field->sizeHint().height());
     row.addWidget(field);

@@ -48,7 +48,9 @@ JobScheduler::Status CrontabScheduler::Add(const std::string&, const Job& job, s
     const auto command = CronCommand("QUORVANTIS_HOME", NativePath(dataFolder_), ProgramFolder() + "autocheck");
     const auto crontab = ReadCrontab();
     std::uint32_t next = 0;
-    if (!command || !crontab || !WriteCrontab(WithJob(*crontab, job, *command, next))) return kFailed;
+    if (!command || !crontab) return kFailed;
+    const std::string grown = WithJob(*crontab, job, *command, next);
+    if (next == 0 || !WriteCrontab(grown)) return kFailed;
     id = next;
     return kSuccess;
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/crontab_text.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "text/basic_text.h"
 
@@ -8,7 +9,6 @@ namespace qv {
 namespace {
 
 constexpr std::string_view kMark = " # quorvantis-job ";
-constexpr std::size_t kMostDigits = 9;
 
 // Gives each line, its end included, to `take`.
 template <class Take>
@@ -27,9 +27,11 @@ std::optional<std::uint32_t> JobOf(std::string_view line) {
     const auto mark = line.rfind(kMark);
     if (first == std::string_view::npos || line[first] == '#' || mark == std::string_view::npos) return std::nullopt;
     const std::string_view digits = line.substr(mark + kMark.size());
-    if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
-    if (digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
-    return static_cast<std::uint32_t>(std::stoul(std::string(digits)));
+    std::uint32_t id = 0;
+    const char* end = digits.data() + digits.size();
+    const auto [rest, error] = std::from_chars(digits.data(), end, id);
+    if (rest != end || error != std::errc()) return std::nullopt;
+    return id;
 }
 
 // The fields for the days: those of the week, or a day that never comes.
@@ -55,6 +57,7 @@ std::vector<std::uint32_t> JobIds(std::string_view crontab) {
 std::string WithJob(std::string_view crontab, const Job& job, const std::string& command, std::uint32_t& id) {
     const auto ids = JobIds(crontab);
     id = ids.empty() ? 1 : *std::max_element(ids.begin(), ids.end()) + 1;
+    if (id == 0) return std::string(crontab);
     const std::uint32_t minutes = job.JobTime / 60000;
     std::string result(crontab);
     if (!result.empty() && result.back() != '\n') result += '\n';

@@ -14,7 +14,8 @@ namespace qv {
 // The ids of the jobs, in the order of their lines. A line that is commented out is no job.
 std::vector<std::uint32_t> JobIds(std::string_view crontab);
 
-// The crontab with one more job as its last line. `command` is a shell command; `id` becomes one more than the highest there is.
+// The crontab with one more job as its last line. `command` is a shell command; `id` becomes one more than the highest there is;
+// 0, and the same crontab, when there is no higher number.
 std::string WithJob(std::string_view crontab, const Job& job, const std::string& command, std::uint32_t& id);
 
 // The crontab without the jobs of these ids; the same text when there is none.

@@ -80,6 +80,7 @@ bool WaitForEnd(pid_t child, int& code) {
 // This process's environment with some variables set anew.
 std::vector<char*> Environment(const std::vector<std::string>& variables) {
     std::vector<char*> all;
+    all.reserve(variables.size());
     for (const auto& variable : variables) all.push_back(const_cast<char*>(variable.c_str()));
     for (char** variable = environ; *variable != nullptr; ++variable) {
         const std::string_view name = std::string_view(*variable).substr(0, std::string_view(*variable).find('=') + 1);

@@ -109,5 +109,16 @@ TEST(BookmarkFile, NumbersAreInPrintForm) {
     EXPECT_EQ(FloatPrintForm(123456789012345), " 123456789012345");
 }
 
+TEST(BookmarkFile, NumbersOfAnySizeComeBackAsTheyWere) {
+    const auto after = [](const std::string& number) {
+        const std::string head = "[Group 1]\r\nTitle\r\n 1\r\nhttp://h/\r\nA\r\n\r\n";
+        return FloatPrintForm(ParseBookmarks(head + number + "\r\n")[0].entries.at(0).numbers[0]);
+    };
+    for (const char* number : {" 1E+20", "-5.55555555555555E+65", " 1.5E-09", " 36526.1234567891", "-.25", " 0", " 39876.0000115741"})
+        EXPECT_EQ(after(number), number);
+    EXPECT_EQ(after("+7 and text"), " 7");
+    for (const char* none : {"", "text", "-", "inf", "-nan", "1E+999"}) EXPECT_EQ(after(none), " 0") << none;
+}
+
 }  // namespace
 }  // namespace qv

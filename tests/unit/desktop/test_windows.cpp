@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <nlohmann/json.hpp>
 
@@ -157,6 +158,13 @@ TEST_F(Windows, TheCloseBoxMayBeRefused) {
     refuse = false;
     window.close();
     EXPECT_FALSE(form.Loaded());
+}
+
+TEST_F(Windows, AWindowIsNotLargerThanTheScreen) {
+    form.SetSize(5000, 4000);
+    const FormWindow& window = Show();
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
+    EXPECT_GT(window.height(), window.screen()->availableGeometry().height() / 2);
 }
 
 TEST_F(Windows, AListTogglesWhereItIsClicked) {

@@ -29,6 +29,17 @@ constexpr const char* kOthers =
     "# 1 2 * * 3 /bin/true # quorvantis-job 44\n0 5 * * 1 echo # quorvantis-job\n0 5 * * 1 echo # quorvantis-job 3x\n"
     "0 5 * * 1 echo # quorvantis-job 99999999999\n5 5 * * * printf 'caf\xe9\\%'\n";
 
+TEST(CrontabText, TheHighestNumberThereCanBeIsTheLast) {
+    Job job;
+    std::uint32_t id = 7;
+    const std::string full = "1 1 * * 1 true # quorvantis-job 4294967294\n";
+    const std::string last = WithJob(full, job, "true", id);
+    EXPECT_EQ(id, 4294967295U);
+    EXPECT_EQ(JobIds(last), (std::vector<std::uint32_t>{4294967294U, 4294967295U}));
+    EXPECT_EQ(WithJob(last, job, "true", id), last);
+    EXPECT_EQ(id, 0U);
+}
+
 TEST(CrontabText, AJobIsALineBehindTheOthers) {
     std::uint32_t id = 0;
     EXPECT_EQ(WithJob("", At(9, 5, 1), "command", id), "5 9 * * 1 command # quorvantis-job 1\n");
