@@ -61,6 +61,8 @@ class Files {
     virtual std::unique_ptr<FileAppender> Create(const std::string& path) = 0;
 
     virtual bool Remove(const std::string& path) = 0;  // one file; false when there is none or it stays
+    // Removes what a process that was killed in the middle of a write has left in a folder. Failures are passed over.
+    virtual void RemoveLeftovers(const std::string& folder) = 0;
     virtual bool Rename(const std::string& from, const std::string& to) = 0;
     virtual bool MakeFolder(const std::string& path) = 0;  // with its missing parents; true if it is there then
 

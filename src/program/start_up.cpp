@@ -47,7 +47,12 @@ void StartUp::InitialForm_Activate() {
 }
 
 void StartUp::MakeFolders() {
-    for (const char* name : {"cache", "Reports", "Logs", "Document Lists"}) p_.files.MakeFolder(p_.session.AppPath + name);
+    p_.files.RemoveLeftovers(p_.session.AppPath);
+    for (const char* name : {"cache", "Reports", "Logs", "Document Lists"}) {
+        const std::string folder = p_.session.AppPath + name;
+        p_.files.MakeFolder(folder);
+        p_.files.RemoveLeftovers(folder);
+    }
 }
 
 void StartUp::LoadSettings() {

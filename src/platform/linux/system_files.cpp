@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <system_error>
 
@@ -16,6 +18,7 @@ namespace {
 constexpr mode_t kOwnerOnly = 0600;  // some of the files hold passwords
 constexpr mode_t kDocument = 0666;   // less the user's mask
 constexpr std::size_t kReadStep = 4096;
+constexpr std::string_view kTemporary = ".quorvantis-";  // then the number of the process, a dash, and a number
 
 FileResult Failure(int error) { return {false, std::generic_category().message(error)}; }
 
@@ -57,7 +60,7 @@ int WriteAll(int descriptor, std::string_view bytes) {
 int CreateTemporary(const std::string& folder, mode_t mode, std::string& path) {
     constexpr int kMostTries = 100;
     for (int number = 0; number < kMostTries; ++number) {
-        path = folder + ".quorvantis-" + std::to_string(getpid()) + "-" + std::to_string(number);
+        path = folder + std::string(kTemporary) + std::to_string(getpid()) + "-" + std::to_string(number);
         const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (file >= 0 || errno != EEXIST) return file;
     }
@@ -66,6 +69,16 @@ int CreateTemporary(const std::string& folder, mode_t mode, std::string& path) {
 
 bool Status(const std::string& path, struct stat& status) {
     return !HasNul(path) && stat(NativePath(path).c_str(), &status) == 0;
+}
+
+// Whether a file of this name was left by a process that isn't there any more.
+bool IsLeftover(std::string_view name) {
+    if (!name.starts_with(kTemporary)) return false;
+    const char* end = name.data() + name.size();
+    pid_t process = 0;
+    const auto [rest, error] = std::from_chars(name.data() + kTemporary.size(), end, process);
+    if (error != std::errc() || rest == end || *rest != '-' || process <= 0) return false;
+    return process == getpid() || (kill(process, 0) != 0 && errno == ESRCH);
 }
 
 class SystemReplacer : public FileReplacer {
@@ -209,6 +222,15 @@ std::vector<std::string> SystemFiles::List(const std::string& folder, const std:
     closedir(opened);
     std::sort(names.begin(), names.end());
     return names;
+}
+
+// Called before this process has begun a write of its own: a file with its number is from an earlier process of that number.
+void SystemFiles::RemoveLeftovers(const std::string& folder) {
+    DIR* opened = HasNul(folder) ? nullptr : opendir(NativePath(folder).c_str());
+    if (opened == nullptr) return;
+    while (const dirent* entry = readdir(opened))
+        if (IsLeftover(entry->d_name)) unlinkat(dirfd(opened), entry->d_name, 0);
+    closedir(opened);
 }
 
 FileResult SystemFiles::ListFolder(const std::string& folder, std::vector<Entry>& entries) const {

@@ -53,6 +53,8 @@ class FakeFiles : public Files {
         return std::make_unique<Appender>(files[path]);
     }
     bool Remove(const std::string& path) override { return files.erase(path) != 0; }
+    void RemoveLeftovers(const std::string& folder) override { cleaned.insert(folder); }
+    std::set<std::string> cleaned;  // the folders that were looked through for leftovers
     bool Rename(const std::string& from, const std::string& to) override {
         if (!FileExists(from)) return false;
         files[to] = files[from];

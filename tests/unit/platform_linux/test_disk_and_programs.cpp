@@ -155,6 +155,22 @@ TEST_F(Disk, ALeftTemporaryNameIsNotInTheWay) {
     EXPECT_FALSE(FitsMask(left, "*_text.*") || FitsMask(left, "*_Log.*"));
 }
 
+TEST_F(Disk, LeftoversOfProcessesThatAreGoneAreRemoved) {
+    const pid_t child = fork();
+    if (child == 0) _exit(0);
+    waitpid(child, nullptr, 0);
+    const std::string gone = ".quorvantis-" + std::to_string(child) + "-3";
+    const std::string own = ".quorvantis-" + std::to_string(getpid()) + "-0";
+    const std::vector<std::string> kept = {".quorvantis-" + std::to_string(getppid()) + "-0", ".quorvantis-", ".quorvantis--1-0", ".quorvantis-x-0",
+                                           ".quorvantis-99999999999999-0", "file"};
+    for (const auto& name : kept) files.Write(Path(name), "x");
+    for (const auto& name : {gone, own}) files.Write(Path(name), "x");
+    files.RemoveLeftovers(Path(""));
+    for (const auto& name : kept) EXPECT_TRUE(files.FileExists(Path(name))) << name;
+    EXPECT_FALSE(files.FileExists(Path(gone)) || files.FileExists(Path(own)));
+    files.RemoveLeftovers(Path("nowhere"));
+}
+
 TEST_F(Disk, PathsWithANulNameNothing) {
     files.Write(Path("a"), "x");
     const std::string path = Path("a") + std::string("\0b", 2);
