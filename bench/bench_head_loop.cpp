@@ -1,5 +1,6 @@
 // The least that a probe can cost: one libcurl handle that asks for the same addresses with HEAD over a kept connection.
-// With a folder the documents are fetched with GET instead, and each is written to three files there.
+// With a folder the documents are fetched with GET instead, and four files of each are written there
+// as the program writes its own: under another name first.
 // usage: bench_head_loop ADDRESS-PREFIX COUNT [FOLDER]      prints exchanges a second
 #include <curl/curl.h>
 
@@ -28,8 +29,11 @@ int main(int argc, char** argv) {
         curl_easy_setopt(curl, CURLOPT_URL, address.c_str());
         body.clear();
         if (curl_easy_perform(curl) != CURLE_OK) return 1;
-        for (int copy = 0; copy < 3 && !folder.empty(); ++copy)
-            std::ofstream(folder + "/" + std::to_string(i) + "." + std::to_string(copy)) << body;
+        for (int copy = 0; copy < 4 && !folder.empty(); ++copy) {
+            const std::string name = folder + "/" + std::to_string(i) + "." + std::to_string(copy);
+            std::ofstream(name + ".new") << body;
+            std::rename((name + ".new").c_str(), name.c_str());
+        }
     }
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     std::printf("%.0f\n", count / seconds);

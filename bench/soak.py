@@ -43,14 +43,7 @@ class Soak:
     def settle(self, request):
         """Waits for the end of a command; messages are answered, and windows that come with it are closed."""
         p = self.program
-        while not p.replied(request):
-            with p.changed:
-                p.changed.wait(0.02)
-            while not p.events.empty():
-                event = p.events.get()
-                if event["event"] == "message":
-                    p.do("answer", value=event["default"])
-        p.reply(request)
+        p.settle(request)
         for form in p.do("forms")["forms"]:
             if form["name"] != "CheckForm":
                 p.do("close", form["name"])

@@ -5,7 +5,7 @@ set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 seconds=$((${1:?minutes} * 60))
 shift
-build_preset fuzz
+build_preset fuzz fuzzers
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
     for folder in "$root"/fuzz/corpus/*/; do targets+=("$(basename "$folder")"); done

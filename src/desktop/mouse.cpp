@@ -40,6 +40,11 @@ QPoint ClickPlace(const QWidget& widget) {
 }
 
 void Click(QWidget& widget) {
+    // A window that was shown a moment ago may not have its size yet: there is no place on the button to click on.
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget); button != nullptr && button->rect().isEmpty()) {
+        button->click();
+        return;
+    }
     const QPointer<QWidget> alive(&widget);
     const QPoint at = ClickPlace(widget);
     Press(widget, at);

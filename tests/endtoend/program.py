@@ -148,6 +148,17 @@ class Program:
             raise Refused(message["error"])
         return message
 
+    def settle(self, request):
+        """The reply to a request that may ask and tell: each message gets its default answer meanwhile."""
+        while not self.replied(request) and not self.ended:
+            with self.changed:
+                self.changed.wait(0.02)
+            while not self.events.empty():
+                event = self.events.get()
+                if event["event"] == "message":
+                    self.do("answer", value=event["default"])
+        return self.reply(request)
+
     def do(self, verb, at=None, patience=PATIENCE, **fields):
         return self.reply(self.send(verb, at, **fields), patience)
 

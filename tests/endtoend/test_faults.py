@@ -175,13 +175,7 @@ class Replies(Case):
         for cut in range(0, len(whole) + 1, 1 if not is_desktop() else 5):
             server.answers["*"] = [whole[:cut]]
             opening = p.begin_open(server.url("p%d.html" % cut))
-            while not p.replied(opening):
-                with p.changed:
-                    p.changed.wait(0.01)
-                if [e for e in p.seen if e["event"] == "message"]:
-                    p.do("answer", value="OK")
-                    p.seen.clear()
-            p.reply(opening)
+            p.settle(opening)
             self.assertEqual(p.caption("CheckForm.ComOpen"), "Check &Document")
         for _, number in p.documents():
             for link in self.scratch.links(number):

@@ -211,10 +211,10 @@ void CurlHttp1::Finish(const Exchange& x) {
     const bool whole = x.ended && x.result == CURLE_OK;
     if (x.stopped) {
         Fail(kErrorInterrupted, "interrupted");
-    } else if (x.reply.Complete() && (whole || !x.keepBody)) {
-        FinishWithReply(x);
     } else if (x.tooLong) {
         Fail(kErrorOther, "Reply too long");
+    } else if (x.reply.Complete() && (whole || !x.keepBody)) {
+        FinishWithReply(x);
     } else {
         const Failure failure = FailureOf(x.result, x.systemError, engine_->ReceivedBeforeClose() > 0);
         Fail(failure.number, failure.text);

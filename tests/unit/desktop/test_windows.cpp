@@ -167,6 +167,18 @@ TEST_F(Windows, AWindowIsNotLargerThanTheScreen) {
     EXPECT_GT(window.height(), window.screen()->availableGeometry().height() / 2);
 }
 
+TEST_F(Windows, AButtonIsPressedAlsoBeforeItHasItsPlace) {
+    button.Click = Note("pressed");
+    Show();
+    auto* widget = WidgetOf<QPushButton>(button);
+    widget->resize(79, 0);
+    mouse::Click(*widget);
+    EXPECT_EQ(log, std::vector<std::string>{"pressed"});
+    button.SetEnabled(false);
+    mouse::Click(*widget);
+    EXPECT_EQ(log.size(), 1U);
+}
+
 TEST_F(Windows, AListTogglesWhereItIsClicked) {
     several.MouseDown = [&](MouseButton) { log.push_back("down"); };
     several.Click = Note("click");

@@ -8,6 +8,7 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_http1.h"
 #include "fakes/fake_loop.h"
+#include "platform/bounds.h"
 
 namespace qv {
 namespace {
@@ -284,6 +285,16 @@ TEST_F(Importing, LongAddressesAndLabelsAreCut) {
     Import("<a href=\"" + std::string(100000, 'u') + "\">" + std::string(100000, 't') + "</a>");
     EXPECT_EQ(session.Links.LinkUrls[1].size(), 65536U);
     EXPECT_EQ(session.Links.LinkTexts[1].size(), 65536U);
+}
+
+TEST_F(Importing, LinksBeyondAMillionAreLeftOut) {
+    std::string page;
+    page.reserve(16 * 1000001);
+    for (int link = 0; link < 1000001; ++link) page += "<a href=\"x\">x</a>\n";
+    Import(page);
+    EXPECT_EQ(session.Links.LinkCount, bounds::kLinksPerDocument);
+    EXPECT_EQ(session.Links.LinkCount, 1000000);
+    EXPECT_EQ(session.Links.LinkUrls.size(), 1000001U);
 }
 
 }  // namespace

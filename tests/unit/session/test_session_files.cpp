@@ -58,6 +58,14 @@ TEST(LinksFile, CutsAStatusToSixCharacters) {
     EXPECT_FALSE(links.LinkFlags[1].Marked());
 }
 
+TEST(LinksFile, LinksBeyondAMillionAreLeftOut) {
+    std::string file;
+    for (int link = 0; link < 1000001; ++link) file += "t\r\nu\r\nX\r\n\r\n\r\n";
+    LinkTable links;
+    ParseLinks(file, links);
+    EXPECT_EQ(links.LinkCount, 1000000);
+}
+
 TEST(LinksFile, IsTheSameWhenItIsWrittenAgain) {
     for (const std::string& bytes : {std::string("\r\0\xFF\xFF\xFF \0tt\xFF\x8B\n\x8DX\n\xE3\xA7\x97\x01t=thh=\n", 26),
                                      std::string("t\r\nu\r\nX\r\n\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\r\np\r\n")}) {
