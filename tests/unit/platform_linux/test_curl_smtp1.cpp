@@ -140,16 +140,22 @@ TEST_F(Smtp, ARefusalAndASilentLeaveDoNotHoldTheProgram) {
 }
 
 TEST_F(Smtp, ASecondSendMeanwhileFailsAndTheFirstGoesOn) {
-    MailServer server("", Fault::None);
-    Fill(server.Name());
     std::string second;
-    loop.Post([&] {
-        smtp.SetAction(SMTP1::Reset);  // passed over too
-        second = smtp.SetAction(SMTP1::Send);
-    });
-    EXPECT_EQ(smtp.SetAction(SMTP1::Send), "");
-    EXPECT_NE(second, "");
-    EXPECT_NE(server.Message().find("A subject"), std::string::npos);
+    for (int tries = 0; tries < 100 && second.empty(); ++tries) {
+        MailServer server("", Fault::None);
+        Fill(server.Name());
+        bool through = false;
+        loop.Post([&] {
+            if (through) return;
+            smtp.SetAction(SMTP1::Reset);  // passed over too
+            second = smtp.SetAction(SMTP1::Send);
+        });
+        EXPECT_EQ(smtp.SetAction(SMTP1::Send), "");
+        EXPECT_NE(server.Message().find("A subject"), std::string::npos);
+        through = true;  // a mail may be through before the loop has turned once: then the next one is tried
+        loop.Yield();
+    }
+    EXPECT_EQ(second, "A mail is being sent");
 }
 
 TEST_F(Smtp, ASendCanBeBrokenOff) {
