@@ -38,6 +38,7 @@ class Requests(Case):
         p = self.program()
         p.settle(p.begin_open(server.url("d.html")))
         (raw,) = server.raw()
+        self.assertIn(b"User-Agent: agent", raw)
         self.assertNotRegex(raw, rb"(?m)^X-Evil")
 
     def test_no_redirect_and_no_link_leads_to_a_local_file(self):
