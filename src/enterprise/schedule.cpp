@@ -1,7 +1,6 @@
 #include "enterprise/schedule.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "text/lines.h"
 #include "text/numbers.h"
@@ -22,13 +21,9 @@ void ForEachValue(ScheduleType& schedule, Take take) {
 
 bool Between(double value, int least, int greatest) { return value >= least && value <= greatest; }
 
-std::string TwoDigits(int value) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%02d", value);
-    return text.data();
-}
-
 }  // namespace
+
+std::string TwoDigits(long value) { return (value < 10 ? "0" : "") + std::to_string(value); }
 
 std::string ComposeSchedule(const Schedule& schedule) {
     LineWriter writer;

@@ -31,6 +31,9 @@ bool HasValidTime(const Schedule& schedule);
 // A weekly job at the schedule's time on its days. The time must be valid.
 Job MakeJob(const Schedule& schedule, const std::string& appPath);
 
+// An hour or a minute as the file and the form show it.
+std::string TwoDigits(long value);
+
 // The time of day as the schedule has it.
 void SetTime(Schedule& schedule, int hour, int minute);  // hour 0 to 23
 

@@ -21,8 +21,6 @@ constexpr std::array<const char*, 7> kDayNames = {"Monday", "Tuesday", "Wednesda
 
 std::string TaskName(std::uint32_t id) { return "AT" + std::to_string(id); }
 
-std::string TwoDigits(long value) { return (value < 10 ? "0" : "") + std::to_string(value); }
-
 }  // namespace
 
 void ReadSchedule(const Files& files, const std::string& appPath, Schedule& schedule) {
