@@ -51,13 +51,18 @@ class Files {
     // failure leaves the old file as it was, and no temporary file.
     virtual FileResult Write(const std::string& path, std::string_view bytes) = 0;
 
-    // The same in pieces, and with the rights of an ordinary document (others may read it as the user's mask says). Null when
+    // Writes over what a file begins with, in place: of a longer file the rest stays. For a text of a few bytes that changes often; a
+    // failure may leave some of them written. Makes the file, for its owner's eyes only, when there is none.
+    virtual FileResult WriteOver(const std::string& path, std::string_view bytes) = 0;
+
+    // The same as Write in pieces, and with the rights of an ordinary document (others may read it as the user's mask says). Null when
     // there can be no such file.
     virtual std::unique_ptr<FileReplacer> Replace(const std::string& path) = 0;
 
     // Opens a file for appending behind what it holds, making one with the rights of an ordinary document. Null when it can't be.
     virtual std::unique_ptr<FileAppender> Extend(const std::string& path) = 0;
-    // Opens a file for appending, emptied first. Null when it can't be opened.
+    // Begins a file anew, for its owner's eyes only. What it held before is gone at the end of the appender's life at the latest, and
+    // may stand behind the new bytes till then. Null when it can't be opened.
     virtual std::unique_ptr<FileAppender> Create(const std::string& path) = 0;
 
     virtual bool Remove(const std::string& path) = 0;  // one file; false when there is none or it stays

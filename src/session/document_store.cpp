@@ -51,7 +51,7 @@ std::int32_t DocumentStore::NextCacheNumber() {
     std::string bytes;
     files_.Read(CacheFolder() + "ccounter.txt", bytes);
     const auto [number, changed] = NextCounter(bytes);
-    files_.Write(CacheFolder() + "ccounter.txt", changed);
+    files_.WriteOver(CacheFolder() + "ccounter.txt", changed);
     return number;
 }
 

@@ -120,6 +120,14 @@ int open(const char* path, int flags, ...) {
     return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
+int ftruncate(int file, off_t length) {
+    if (Watched(file)) {
+        Count();
+        if (KilledHere()) Die();
+    }
+    return static_cast<int>(syscall(SYS_ftruncate, file, length));
+}
+
 int mkdir(const char* path, mode_t mode) {
     if (ThePlan().kind == "readonly" && Watched(path)) {
         errno = EROFS;

@@ -13,6 +13,7 @@ class SystemFiles : public Files {
     using Files::Read;
     FileResult Read(const std::string& path, std::string& bytes, std::int64_t limit) const override;
     FileResult Write(const std::string& path, std::string_view bytes) override;
+    FileResult WriteOver(const std::string& path, std::string_view bytes) override;
     std::unique_ptr<FileReplacer> Replace(const std::string& path) override;
     std::unique_ptr<FileAppender> Extend(const std::string& path) override;
     std::unique_ptr<FileAppender> Create(const std::string& path) override;

@@ -39,6 +39,10 @@ class FakeFiles : public Files {
         writes.push_back(path);
         return {};
     }
+    FileResult WriteOver(const std::string& path, std::string_view bytes) override {
+        const std::string old = FileExists(path) ? files.at(path) : "";
+        return Write(path, std::string(bytes) + (old.size() > bytes.size() ? old.substr(bytes.size()) : ""));
+    }
     std::unique_ptr<FileReplacer> Replace(const std::string& path) override {
         if (writesFail) return nullptr;
         return std::make_unique<Replacer>(*this, path);

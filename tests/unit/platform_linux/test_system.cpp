@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -83,6 +84,30 @@ TEST_F(OnDisk, AFileIsAppendedTo) {
     file.reset();
     EXPECT_EQ(Contents("a"), "one two");
     EXPECT_EQ(files.Create(Path("no\\such")), nullptr);
+}
+
+TEST_F(OnDisk, AFileThatIsBegunAnewKeepsNothingOfTheOld) {
+    files.Write(Path("a"), "something longer");
+    files.Create(Path("a"))->Append("new");
+    EXPECT_EQ(Contents("a"), "new");
+    files.Create(Path("a")).reset();
+    EXPECT_EQ(Contents("a"), "");
+}
+
+TEST_F(OnDisk, AFileIsWrittenOverInPlace) {
+    struct stat before {};
+    struct stat after {};
+    ASSERT_TRUE(files.WriteOver(Path("a"), "00009"));
+    ASSERT_EQ(stat(NativePath(Path("a")).c_str(), &before), 0);
+    EXPECT_EQ(before.st_mode & 0777, 0600U);
+    ASSERT_TRUE(files.WriteOver(Path("a"), "00010"));
+    EXPECT_EQ(Contents("a"), "00010");
+    ASSERT_TRUE(files.WriteOver(Path("a"), "2"));
+    EXPECT_EQ(Contents("a"), "20010");
+    ASSERT_EQ(stat(NativePath(Path("a")).c_str(), &after), 0);
+    EXPECT_EQ(before.st_ino, after.st_ino);
+    EXPECT_EQ(files.WriteOver(Path("no\\such"), "x").text, "No such file or directory");
+    EXPECT_FALSE(files.WriteOver(Path(std::string("a\0b", 3)), "x"));
 }
 
 TEST_F(OnDisk, SettingsKeepOtherLines) {
