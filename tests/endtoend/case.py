@@ -30,7 +30,10 @@ class Case(unittest.TestCase):
         self.addCleanup(program.close)
         return program
 
+    def command_line(self, *arguments):
+        """The words that start quorvantis-check."""
+        return [str(Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"), *arguments]
+
     def command(self, *arguments, **more):
         """Runs quorvantis-check; gives what it was and did."""
-        tool = Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"
-        return subprocess.run([str(tool), *arguments], capture_output=True, text=True, timeout=60, **more)
+        return subprocess.run(self.command_line(*arguments), capture_output=True, text=True, timeout=60, **more)

@@ -1,9 +1,4 @@
 """Damaged files and hostile replies: the program starts, stays usable, and says nothing that it must not."""
-import os
-import signal
-import subprocess
-from pathlib import Path
-
 from case import Case
 from servers import page, reply
 
@@ -83,48 +78,3 @@ class Damage(Case):
         p.reply(request)
         self.assertEqual(p.documents(), [(server.url("d.htm"), 1)])
         self.assertEqual(self.scratch.read("cache/xlf00001.lks"), b"")
-
-
-class Command(Case):
-    """quorvantis-check."""
-
-    def test_questionable_links_and_the_closing_line(self):
-        site = self.nginx({"page.html": page("good.html", "missing.html", "gone"), "good.html": b"fine"})
-        done = self.command(site.url("page.html"))
-        self.assertEqual(done.stdout.splitlines(), [site.url("page.html"), "  404    %s  link" % site.url("missing.html"),
-                                                    "  410    %s  link" % site.url("gone"),
-                                                    "2 of 3 links checked were questionable."])
-        self.assertEqual((done.returncode, done.stderr), (1, ""))
-
-    def test_all_good(self):
-        site = self.nginx({"page.html": page("good.html"), "good.html": b"fine"})
-        done = self.command("--list-all", site.url("page.html"))
-        self.assertEqual(done.returncode, 0)
-        self.assertIn("  OK     %s  link\n" % site.url("good.html"), done.stdout)
-        self.assertTrue(done.stdout.endswith("None of 1 links checked were questionable.\n"))
-
-    def test_exit_statuses(self):
-        server = self.server()
-        self.assertEqual(self.command(server.url("none.htm")).returncode, 2)
-        self.assertEqual(self.command("ftp://127.0.0.1/").returncode, 2)
-        self.assertEqual(self.command().returncode, 64)
-        self.assertEqual(self.command("--no-such-option", server.url()).returncode, 64)
-        self.assertEqual(self.command("--help").returncode, 0)
-
-    def test_an_interrupt_stops_and_prints_what_is_known(self):
-        server = self.server({"/d.htm": reply(200, "OK", page("gone.htm", "hang.htm")), "/hang.htm": "silent"})
-        tool = Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"
-        process = subprocess.Popen([str(tool), server.url("d.htm")], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        while (b"HEAD", b"/hang.htm") not in server.asked() and process.poll() is None:
-            pass
-        process.send_signal(signal.SIGINT)
-        out, _ = process.communicate(timeout=20)
-        self.assertEqual(process.returncode, 3)
-        self.assertIn("  404    " + server.url("gone.htm"), out)
-        self.assertTrue(out.endswith("1 of 1 links checked were questionable.\n"), out)
-
-    def test_a_kept_session(self):
-        server = self.server({"/d.htm": reply(200, "OK", page("a.htm")), "/a.htm": reply()})
-        self.assertEqual(self.command("--home", str(self.scratch.home), server.url("d.htm")).returncode, 0)
-        self.assertEqual(self.scratch.statuses(), ["OK"])
-        self.assertEqual(self.program().documents(), [(server.url("d.htm"), 1)])

@@ -26,9 +26,6 @@ def site_of(count):
 
 @unittest.skipIf(is_desktop(), "the command is tested beside the program without windows")
 class Sites(Case):
-    def tool(self, *arguments):
-        return [str(Path(os.environ["QUORVANTIS_PROGRAM"]).parent / "quorvantis-check"), *arguments]
-
     def folder(self, files):
         folder = self.scratch.root / "mirror"
         for name, data in files.items():
@@ -49,7 +46,7 @@ class Sites(Case):
     def test_a_large_site_is_fetched_once_and_each_good_address_asked_once(self):
         server = self.nginx(site_of(MANY))
         home = self.scratch.root / "kept"
-        done = subprocess.run(self.tool("--site", "--home", str(home), server.url("p0000.html")), capture_output=True, text=True,
+        done = subprocess.run(self.command_line("--site", "--home", str(home), server.url("p0000.html")), capture_output=True, text=True,
                               timeout=300)
         self.assertEqual(done.returncode, 1, done.stderr)
         gets = [path for method, path in server.asked() if method == "GET" and "gone" not in path]
@@ -66,7 +63,7 @@ class Sites(Case):
         for walk, expected in (("linked", 300), ("folder", 302), ("tree", 303)):
             with self.subTest(walk):
                 home = self.scratch.root / walk
-                done = subprocess.run(self.tool("--site", "--local", folder, "--walk", walk, "--home", str(home),
+                done = subprocess.run(self.command_line("--site", "--local", folder, "--walk", walk, "--home", str(home),
                                                 "http://127.0.0.1:9/p0000.html"), capture_output=True, text=True, timeout=120)
                 self.assertEqual(done.returncode, 1, done.stderr)
                 documents = self.outcome(home)
@@ -81,7 +78,7 @@ class Sites(Case):
         home = self.scratch.root / ("home%d" % seed)
         stops = 0
         for attempt in range(12):
-            process = subprocess.Popen(self.tool("--site", "--resume", "--home", str(home), *where), stdout=subprocess.DEVNULL,
+            process = subprocess.Popen(self.command_line("--site", "--resume", "--home", str(home), *where), stdout=subprocess.DEVNULL,
                                        stderr=subprocess.DEVNULL)
             try:
                 process.wait(0.03 + chance.random() * 0.25)
@@ -91,7 +88,7 @@ class Sites(Case):
                 process.send_signal(stop)
                 process.wait(60)
                 stops += 1
-        done = subprocess.run(self.tool("--site", "--resume", "--home", str(home), *where), capture_output=True, text=True,
+        done = subprocess.run(self.command_line("--site", "--resume", "--home", str(home), *where), capture_output=True, text=True,
                               timeout=120)
         self.assertIn(done.returncode, (0, 1), done.stderr)
         self.assertFalse((home / "cache" / "resumes.zdt").exists())
@@ -99,7 +96,7 @@ class Sites(Case):
 
     def whole(self, *where):
         home = self.scratch.root / "whole"
-        subprocess.run(self.tool("--site", "--home", str(home), *where), capture_output=True, timeout=120)
+        subprocess.run(self.command_line("--site", "--home", str(home), *where), capture_output=True, timeout=120)
         return self.outcome(home)
 
     def slow_site(self):
@@ -125,7 +122,7 @@ class Sites(Case):
         self.assertEqual(documents, self.whole(*where))
 
     def test_going_on_needs_the_folder_of_a_session(self):
-        done = subprocess.run(self.tool("--site", "--resume", "http://127.0.0.1:9/"), capture_output=True, text=True, timeout=60)
+        done = subprocess.run(self.command_line("--site", "--resume", "http://127.0.0.1:9/"), capture_output=True, text=True, timeout=60)
         self.assertEqual(done.returncode, 64)
         self.assertIn("--home", done.stderr)
 
@@ -139,7 +136,7 @@ class Sites(Case):
         (locked / "c.html").write_bytes(page("a.html"))
         locked.chmod(0)
         self.addCleanup(lambda: locked.chmod(0o755))
-        done = subprocess.run(self.tool("--site", "--local", str(folder), "--walk", "tree", "http://127.0.0.1:9/"),
+        done = subprocess.run(self.command_line("--site", "--local", str(folder), "--walk", "tree", "http://127.0.0.1:9/"),
                               capture_output=True, timeout=60)
         self.assertIn(done.returncode, (0, 1), done.stderr)
         self.assertIn(b"outside.html", done.stdout)
