@@ -82,6 +82,7 @@ struct CheckWorld : testing::Test, WindowListener {
     LinkRecheck recheck{
         {window, rules, session, settings, flags, http, steps, httpProbe, ftpProbe, fileProbe, rowStatus, loop}};
     std::vector<std::string> messages;
+    std::string answer;  // to each message; empty: the default button
 
     CheckWorld() {
         session.AppPath = "\\home\\";
@@ -99,7 +100,7 @@ struct CheckWorld : testing::Test, WindowListener {
     void FormClosed(const Form&) override {}
     void MessageShown(const MessageRequest& request) override {
         messages.push_back(request.text);
-        windows.Answer(request.defaultButton);
+        windows.Answer(answer.empty() ? request.defaultButton : answer);
     }
     void DialogShown(const FileDialogRequest&) override { windows.Answer(std::nullopt); }
     void Beeped() override {}

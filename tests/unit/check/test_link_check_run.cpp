@@ -293,6 +293,83 @@ TEST_F(LinkCheckRunTest, TheProxysCredentialsGoIntoTheirOwnLine) {
     EXPECT_EQ(http.ProxyPort, 80);
 }
 
+TEST_F(LinkCheckRunTest, BookmarksAreNotCheckedWhileTheirProgramRuns) {
+    settings.ProgramMode = kBookmarksMode;
+    run.CompanionRunning = [] { return true; };
+    Document({"http://1.1.1.1/a"});
+    EXPECT_EQ(Check(), Statuses{""});
+    EXPECT_EQ(messages, Log{"Zephon Bookmarks is currently running. You must exit Zephon Bookmarks in order to edit your Bookmarks "
+                            "in Quorvantis."});
+    EXPECT_TRUE(http.log.empty());
+    settings.ProgramMode = kInternetMode;
+    EXPECT_EQ(Check(), Statuses{"OK"});
+}
+
+TEST_F(LinkCheckRunTest, ACommaHostIsCut) {
+    Document({"http://1.2.3.4,h.dom:81/a"});
+    EXPECT_EQ(Check(), Statuses{"OK"});
+    EXPECT_EQ(http.log, Log{"HEAD http://1.2.3.4:81/a"});
+    EXPECT_TRUE(session.Good.Contains("http://1.2.3.4:81/a"));
+}
+
+TEST_F(LinkCheckRunTest, AQueryRightBehindTheHostIsAPath) {
+    Document({"http://1.2.3.4?a=b"});
+    EXPECT_EQ(Check(), Statuses{"OK"});
+    EXPECT_EQ(http.log, Log{"HEAD http://1.2.3.4/?a=b"});
+}
+
+TEST_F(LinkCheckRunTest, StopAndSkipEndALookup) {
+    ipInfo.otherwise = [this](const std::string&) { run.ComSkip_Click(); };
+    Document({"http://one.dom/", "http://two.dom/"});
+    EXPECT_EQ(Check(), (Statuses{"SKIPD", "SKIPD"}));
+    ipInfo.otherwise = [this](const std::string&) { run.ComStop_Click(); };
+    for (const int row : {0, 1}) window.List1.SetSelected(row, true);
+    EXPECT_EQ(Check(), (Statuses{"STOP", "SKIPD"}));
+    HttpSession::Lookup lookup;
+    flags.StopRequested = kSet;
+    http.SetURL("http://three.dom/");
+    steps.ResolveHost(clock.now + 5, lookup);
+    EXPECT_EQ(lookup.errorText, "Halted");
+}
+
+TEST_F(LinkCheckRunTest, AProbeIsOverWithTheFirstSignOfAReply) {
+    for (const auto& sign : {std::function<void()>([this] { http.OnHeader("", ""); }), std::function<void()>([this] { http.OnStartTransfer(); }),
+                             std::function<void()>([this] { http.OnTransfer(3, "abc"); })}) {
+        flags.TransferDone = kClear;
+        sign();
+        EXPECT_NE(flags.TransferDone, kClear);
+    }
+    EXPECT_EQ(flags.BodySeen, kClear);
+    flags.TransferDone = kClear;
+    http.OnHeader("Server", "x");
+    EXPECT_EQ(flags.TransferDone, kClear);
+}
+
+TEST_F(LinkCheckRunTest, ASampleOfABodyEndsWhenThereIsEnoughOfIt) {
+    flags.RetrievalMode = 1;
+    ASSERT_TRUE(steps.OpenBodyFile());
+    http.OnTransfer(8000, std::string(8000, 'x'));
+    http.OnTransfer(8001, "x");
+    EXPECT_EQ(flags.TransferDone, kClear);
+    http.OnTransfer(8002, "more");
+    EXPECT_NE(flags.TransferDone, kClear);
+    EXPECT_EQ(http.log, Log{"STOP"});
+    EXPECT_EQ(Bytes("document.htm").size(), 8001U);
+}
+
+TEST_F(LinkCheckRunTest, ADocumentThatIsNotSelectedAnyMoreIsStillSaved) {
+    Document({"http://1.1.1.1/a"});
+    window.txtFileName.AddItem("http://1.1.1.1/other.htm", 2);
+    window.txtFileName.SetListIndex(1);
+    rowStatus.SaveDocument();
+    EXPECT_EQ(Bytes("cache\\xlf00001.lks"), "a link\r\nhttp://1.1.1.1/a\r\nX\r\n\r\n\r\n");
+    EXPECT_EQ(files.files.count("\\home\\cache\\xlf00002.lks"), 0U);
+    session.CurrentDocumentUrl = "http://1.1.1.1/gone.htm";
+    files.writes.clear();
+    rowStatus.SaveDocument();
+    EXPECT_TRUE(files.writes.empty());
+}
+
 struct DocumentOpenTest : CheckWorld {
     std::string Open(const std::string& url) {
         flags.OpenWithoutWizard = kSet;
@@ -436,6 +513,39 @@ TEST_F(DocumentOpenTest, ACommaHostIsCutToTheKindOfTheRoot) {
     Open("http://h.dom,1.2.3.4/a");
     EXPECT_EQ(http.log.front(), "GET http://1.2.3.4/a");
     EXPECT_EQ(messages.back(), "404 No - http://1.2.3.4/a");
+}
+
+TEST_F(DocumentOpenTest, AsksWhetherAPartialSiteMayGo) {
+    int cleared = 0;
+    documentOpen.MenuFileNew_Click = [&] { ++cleared; };
+    documentOpen.ShowWizard = [this] {
+        session.SiteUrl = "http://1.1.1.1/";
+        session.SiteFileName = "d.htm";
+    };
+    http.exchange = [](FakeHttp1& client, HTTP1::ActionCode) { client.Reply("HTTP/1.1 200 OK", {}, "<a href=\"x.htm\">x</a>"); };
+    files.files["\\home\\cache\\resumes.zdt"] = "x";
+    documentOpen.ComOpen_Click();  // nothing is open: nothing is asked
+    EXPECT_EQ(http.log, Log{"GET http://1.1.1.1/d.htm"});
+    http.log.clear();
+    EXPECT_TRUE(messages.empty());
+    answer = "No";
+    documentOpen.ComOpen_Click();
+    EXPECT_EQ(messages, Log{"You have a Web site partially downloaded. Do you want to delete it in order to download this document?"});
+    EXPECT_TRUE(http.log.empty());
+    EXPECT_EQ(cleared, 0);
+    EXPECT_EQ(window.Pointer(), Pointer::Default);
+    answer = "Yes";
+    documentOpen.ComOpen_Click();
+    EXPECT_EQ(http.log, Log{"GET http://1.1.1.1/d.htm"});
+    EXPECT_EQ(cleared, 1);
+}
+
+TEST_F(DocumentOpenTest, ATimeOutIsSaidWithTheAddress) {
+    http.exchange = [this](FakeHttp1& client, HTTP1::ActionCode) {
+        flags.WatchdogExpired = kSet;
+        client.FailWith(kErrorInterrupted, "interrupted");
+    };
+    EXPECT_EQ(Open("http://1.1.1.1/d.htm"), "Connection Timed Out - http://1.1.1.1/d.htm");
 }
 
 TEST_F(CheckWorld, ATimeOutBelowASecondBecomesTen) {
