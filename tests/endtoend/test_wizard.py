@@ -2,6 +2,7 @@
 import struct
 
 from case import Case
+from servers import page, reply
 
 NINE = "http://127.0.0.1:9/"        # nothing listens there, and nothing here asks it
 W = "WizardForm"
@@ -191,6 +192,13 @@ class Wizard(Case):
             self.assertEqual(len(self.records()), left)
             self.assertEqual((self.scratch.home / "batchlst.zdt").exists(), answer == "No")
         self.assertEqual(self.value("Text1"), NINE + "a.htm")
+        request = self.p.send("click", W + ".ComEdit")
+        self.p.event("message")
+        self.p.do("answer", value="Yes")
+        self.p.reply(request)
+        self.assertEqual([self.value(name) for name in ("Text1", "Text2", "Text3")], ["", "", ""])
+        self.assertFalse(self.p.state(W + ".ComEdit")["enabled"] or self.p.state(W + ".ComApply")["enabled"])
+        self.assertEqual(self.records(), [])
 
     def test_folders_are_browsed(self):
         (self.scratch.root / "web").mkdir()
@@ -207,6 +215,12 @@ class Wizard(Case):
         self.p.do("answer", value=None)
         self.p.reply(request)
         self.assertTrue(self.value("Text3").endswith("\\web\\"))
+        self.enter(Text1=NINE + "a.htm", Text3="", TabStrip1=4, Check10=1)
+        request = self.p.send("click", W + ".Command9")
+        self.assertEqual(self.p.event("dialog")["title"], "Locate Folder for Reports...")
+        self.p.do("answer", value=str(self.scratch.root / "web"))
+        self.p.reply(request)
+        self.assertTrue(self.value("TextReportPath").endswith("\\web\\"))
 
     def test_the_last_used_entry_comes_first_next_time(self):
         server = self.server()
@@ -235,6 +249,10 @@ class Dialogs(Case):
         p.do("set", "ConfigForm.TextMailServer", value=" mail.example ")
         p.click("ConfigForm.ComNext")
         self.assertEqual(p.state("ConfigForm")["focus"], "TextAuthName")
+        p.click("ConfigForm.ComBack")
+        self.assertEqual(p.state("ConfigForm.TextMailServer")["text"], " mail.example ")
+        self.assertTrue(p.state("ConfigForm.ComBack")["enabled"])
+        p.click("ConfigForm.ComNext")
         p.do("set", "ConfigForm.TextAuthPassword", value=" ")
         self.assertFalse(p.state("ConfigForm.ComNext")["enabled"])
         p.do("set", "ConfigForm.CheckAuth", value=0)
@@ -296,6 +314,70 @@ class Dialogs(Case):
         p.reply(request)
         self.assertEqual(p.documents(), [(server.url("a.htm"), 1)])
         self.assertEqual(len(server.asked()), 2)
+
+    def test_lists_of_the_other_mode_change_it(self):
+        (self.scratch.root / "m").mkdir()
+        (self.scratch.root / "m" / "a.htm").write_bytes(b"<a href=\"b.htm\">b</a>\r\n")
+        p = self.program()
+        p.click("CheckForm.MenuFileLocalMode")
+        request = p.send("click", "CheckForm.ComOpen")
+        p.event("modal", form=W)
+        p.do("set", W + ".Text1", value=str(self.scratch.root / "m" / "a.htm"))
+        p.do("set", W + ".Text3", value=NINE)
+        p.click(W + ".ComApply")
+        p.click(W + ".ComOpenNext")
+        p.reply(request)
+        self.list_file(p, "Save", "local.qvl")
+        self.assertEqual((self.scratch.root / "local.qvl").read_bytes().split(b"\r\n")[0], b"1")
+        p.click("CheckForm.MenuFileNormalMode")
+        self.list_file(p, "Load", "local.qvl")
+        self.assertEqual(p.caption("CheckForm"), "Zephon Quorvantis - Local Mode")
+        self.assertEqual(p.documents(), [(NINE + "a.htm", 1)])
+        (self.scratch.root / "web.qvl").write_bytes(b"0\r\n")
+        self.list_file(p, "Load", "web.qvl")
+        self.assertEqual(p.caption("CheckForm"), "Zephon Quorvantis - Internet Mode")
+        self.assertEqual(p.documents(), [])
+
+    def list_file(self, p, command, name):
+        request = p.send("click", "CheckForm.MenuFile%sList" % command)
+        p.event("dialog")
+        p.do("answer", value=str(self.scratch.root / name))
+        p.settle(request)
+
+    def test_spin_buttons_pass_over_documents_without_a_questionable_link(self):
+        server = self.server({"/d%d.htm" % n: reply(200, "OK", page("good" if n % 2 == 0 else "gone%d" % n)) for n in range(5)} |
+                             {"/good": reply()})
+        p = self.program()
+        for n in (1, 2, 3, 4):
+            p.open(server.url("d%d.htm" % n))
+        p.do("select", "CheckForm.txtFileName", row=0)
+        p.check()
+        p.click("CheckForm.ComHide")
+        p.do("press", "CheckForm.SpinRight")
+        p.do("release", "CheckForm.SpinRight")
+        self.assertEqual(p.caption("CheckForm.LabelInd"), "Document 3 of 4")
+        self.assertEqual([row[:6].strip() for row in p.rows()], ["404"])
+        self.assertEqual(self.spin(p, "Right"), "No questionable links were found beyond this document.")
+        self.assertEqual(p.caption("CheckForm.LabelInd"), "Document 3 of 4")
+        p.do("press", "CheckForm.SpinLeft")
+        p.do("release", "CheckForm.SpinLeft")
+        self.assertEqual(p.caption("CheckForm.LabelInd"), "Document 1 of 4")
+        p.do("select", "CheckForm.txtFileName", row=1)
+        p.do("select", "CheckForm.txtFileName", row=2)
+        p.click("CheckForm.MenuViewDelete")
+        p.do("select", "CheckForm.txtFileName", row=0)
+        p.click("CheckForm.MenuViewDelete")
+        self.assertEqual(len(p.documents()), 2)
+        p.do("select", "CheckForm.txtFileName", row=1)
+        self.assertEqual(self.spin(p, "Left"), "No questionable links were found before this document.")
+
+    def spin(self, p, side):
+        request = p.send("press", "CheckForm.Spin" + side)
+        text = p.event("message")["text"]
+        p.do("answer", value="OK")
+        p.reply(request)
+        p.do("release", "CheckForm.Spin" + side)
+        return text
 
     def test_spin_buttons_go_through_the_documents(self):
         for n in (1, 2, 3):
