@@ -16,6 +16,7 @@
 #include "desktop/list_binder.h"
 #include "desktop/mouse.h"
 #include "desktop/qt_text.h"
+#include "desktop/simple_binders.h"
 
 namespace qv {
 namespace {
@@ -128,7 +129,7 @@ void QtDriver::SetValue(Control& control, long value) {
     if (auto* button = qobject_cast<QAbstractButton*>(target)) {
         if (button->isChecked() != (value != 0)) mouse::Click(*button);
     } else if (auto* bar = qobject_cast<QScrollBar*>(target)) {
-        bar->setValue(static_cast<int>(value));
+        bar->setValue(ScrollBarBinder::Turned(*bar, static_cast<int>(value)));
     } else if (auto* tabs = qobject_cast<QTabBar*>(target)) {
         mouse::Press(*tabs, tabs->tabRect(static_cast<int>(value) - 1).center());
     }

@@ -126,24 +126,24 @@ void ProgressBinder::AddWidgetState(nlohmann::json& state) const {
 
 ScrollBarBinder::ScrollBarBinder(ScrollBar& bar, QScrollBar* widget) : Binder(bar, widget), bar_(widget) {
     connect(widget, &QScrollBar::valueChanged, this, [this](int value) {
-        if (auto* live = Live<ScrollBar>()) live->SetValue(Turned(value));
+        if (auto* live = Live<ScrollBar>()) live->SetValue(Turned(*bar_, value));
     });
 }
 
-int ScrollBarBinder::Turned(int value) const {
-    return bar_->orientation() == Qt::Vertical ? bar_->minimum() + bar_->maximum() - value : value;
+int ScrollBarBinder::Turned(const QScrollBar& bar, int value) {
+    return bar.orientation() == Qt::Vertical ? bar.minimum() + bar.maximum() - value : value;
 }
 
 void ScrollBarBinder::ShowAspect(Aspect aspect) {
     const auto& bar = As<ScrollBar>();
     if (aspect == Aspect::Range) bar_->setRange(static_cast<int>(bar.Min()), static_cast<int>(bar.Max()));
-    if (aspect == Aspect::Range || aspect == Aspect::Value) bar_->setValue(Turned(static_cast<int>(bar.Value())));
+    if (aspect == Aspect::Range || aspect == Aspect::Value) bar_->setValue(Turned(*bar_, static_cast<int>(bar.Value())));
 }
 
 void ScrollBarBinder::AddWidgetState(nlohmann::json& state) const {
     state["min"] = bar_->minimum();
     state["max"] = bar_->maximum();
-    state["value"] = Turned(bar_->value());
+    state["value"] = Turned(*bar_, bar_->value());
 }
 
 StatusBinder::StatusBinder(StatusBar& bar, TextLabel* widget) : Binder(bar, widget), label_(widget) {}

@@ -94,13 +94,13 @@ class ProgressBinder : public Binder {
 class ScrollBarBinder : public Binder {
    public:
     ScrollBarBinder(ScrollBar& bar, QScrollBar* widget);
+    static int Turned(const QScrollBar& bar, int value);  // from the bar's value to the control's, and back
 
    protected:
     void ShowAspect(Aspect aspect) override;
     void AddWidgetState(nlohmann::json& state) const override;
 
    private:
-    int Turned(int value) const;  // from the bar's value to the control's, and back
     QScrollBar* bar_;
 };
 

@@ -21,10 +21,7 @@ bool StartUp::Unattended() const {
 
 void StartUp::InitialForm_Load() {
     p_.initialForm.Centre();
-    if (p_.session.AppPath.empty())
-        p_.session.WindowsFolder = p_.places.windowsFolder;
-    else
-        p_.initialForm.Command1.SetVisible(true);
+    p_.session.WindowsFolder = p_.places.windowsFolder;
     p_.session.AppPath = p_.places.appPath;
     if (!EndsWith(p_.session.AppPath, "\\")) p_.session.AppPath += "\\";
 }

@@ -15,7 +15,7 @@ from pathlib import Path
 from case import Case
 from displays import display
 from hands import Hands
-from program import Program, Scratch, is_desktop
+from program import Program, Refused, Scratch, is_desktop
 from servers import FaultyMail, MailDaemon, closed_port, page, python_with, reply
 
 LOCAL, SITE = 1112, 1114
@@ -520,6 +520,23 @@ class Crontab(EnterpriseCase):
                 self.assertEqual(read_crontab() or "", others or "")
                 p.close()
                 (self.scratch.home / "schedcfg.zdt").unlink()
+
+    def test_the_bars_set_the_time_within_their_bounds(self):
+        self.one_entry()
+        with own_crontab(None):
+            p = self.program()
+            self.dialog(p)
+            for bar, text, steps in (("ScrollLabelTop", "TextHour", ((1, "01"), (12, "12"), (13, "12"), (0, "01"))),
+                                     ("ScrollLabelLeft", "TextMinute", ((0, "00"), (59, "59"), (60, "59"), (-1, "00")))):
+                for value, shown in steps:
+                    p.do("set", "ScheduleForm." + bar, value=value)
+                    self.assertEqual(p.state("ScheduleForm." + text)["text"], shown)
+                p.do("set", "ScheduleForm." + text, value="7")
+                self.assertEqual((p.state("ScheduleForm." + text)["text"], p.state("ScheduleForm." + bar)["value"]), ("7", 7))
+                with self.assertRaises(Refused):
+                    p.do("set", "ScheduleForm." + bar, value="x")
+            p.click("ScheduleForm.Command1")
+            self.leave(p)
 
     def test_the_number_follows_the_highest_and_a_tenth_goes_under_the_wrong_one(self):
         self.one_entry()

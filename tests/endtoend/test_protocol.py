@@ -62,6 +62,33 @@ class Protocol(Case):
         self.refused("this control can't be set", "set", "CheckForm.List1", value=1)
         self.refused("no such key", "key", "CheckForm.List1", key="F1")
 
+    def test_values_that_do_not_fit_are_refused(self):
+        p = self.program_
+        opening = p.send("click", "CheckForm.Command1")
+        p.event("modal", form="WizardForm")
+        p.do("set", "WizardForm.Text1", value="http://127.0.0.1:9/")
+        p.do("set", "WizardForm.TabStrip1", value=2)
+        for at, value, error in (("Text5", 3, "the value is no text"), ("Check1", 2, "the value is neither 0 nor 1"),
+                                 ("Check1", "1", "the value is neither 0 nor 1"), ("TabStrip1", 0, "no such tab"),
+                                 ("TabStrip1", 5, "no such tab"), ("TabStrip1", "2", "no such tab")):
+            with self.subTest((at, value)):
+                self.refused(error, "set", "WizardForm." + at, value=value)
+        self.refused('no "value"', "set", "WizardForm.Text5")
+        self.assertEqual(p.state("WizardForm.TabStrip1")["value"], 2)
+        p.do("close", "WizardForm")
+        p.reply(opening)
+
+    def test_forms_are_told_in_their_order_and_activated(self):
+        p = self.program_
+        p.send("click", "CheckForm.MenuHelpEmail")
+        p.event("modal", form="ConfigForm")
+        self.refused("blocked by ConfigForm", "activate", "CheckForm")
+        p.do("activate", "ConfigForm")
+        self.assertEqual([(f["name"], f["modal"], f["visible"]) for f in p.do("forms")["forms"]],
+                         [("ConfigForm", True, True), ("CheckForm", False, True)])
+        p.do("focus", "ConfigForm.ComCancel")
+        self.assertEqual(p.state("ConfigForm")["focus"], "ComCancel")
+
     def test_a_modal_form_blocks_the_others(self):
         p = self.program_
         request = p.send("click", "CheckForm.ComOpen")
