@@ -251,6 +251,34 @@ class Commands(Case):
         self.assertEqual(p.check(), "1 of 2 links checked were questionable.")
         self.assertEqual([row[:6].strip() for row in p.rows()[:4]], ["", "OK", "", "404"])
 
+    def test_a_bookmark_is_edited_and_written_or_not(self):
+        folder = self.scratch.root / "companion"
+        folder.mkdir()
+        (folder / "bookb1.zdt").write_bytes(b"Bar\r\n")
+        before = bar(("News", [entry('"%sa"' % BASE, "A"), entry("x", "Heading", "-1")]))
+        (folder / "bookm1.zdt").write_bytes(before)
+        p = self.program()
+        for answer in ("No", "Yes"):
+            self.enter(p, folder)
+            for row, usable in ((0, False), (1, True)):   # a group's heading has nothing to edit
+                p.do("select", "CheckForm.List1", row=row)
+                p.do("key", "CheckForm.List1", key="Space")
+                self.assertEqual(p.state("CheckForm.MenuLink")["enabled"], usable)
+            editing = p.send("click", "CheckForm.MenuLinkView")
+            p.event("modal", form="EditForm")
+            self.assertEqual(p.state("EditForm.TextURL")["text"], BASE + "a")
+            p.do("set", "EditForm.TextURL", value=BASE + "new")
+            p.click("EditForm.ComOkay")
+            p.reply(editing)
+            leaving = p.send("click", "CheckForm.MenuFileNormalMode")
+            self.assertEqual(p.event("message")["text"], "Update Zephon Bookmarks with your changes?")
+            p.do("answer", value=answer)
+            p.reply(leaving)
+            self.assertEqual((folder / "bookm1.zdt").read_bytes(), before if answer == "No" else before.replace(b"9/a", b"9/new"))
+        self.enter(p, folder)
+        p.exit(None)
+        self.assertEqual([f.name for f in (self.scratch.home / "cache").glob("*.lks")], [])
+
     def test_a_wrong_folder(self):
         p = self.program()
         folder = self.scratch.root / "wrong"
