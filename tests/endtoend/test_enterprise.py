@@ -208,6 +208,12 @@ class Whole(FourEntries):
         self.assertEqual(self.events(p.state("ReportForm.Text1")["text"]), self.text_log() + ["Log Files Emailed."])
         self.assertEqual(p.documents(), [])
         self.assertEqual([m for m in p.seen if m["event"] == "message"], [])
+        viewing = p.send("click", "ReportForm.Command2")
+        p.event("modal", form="ReportSelectForm")
+        name, = p.rows("ReportSelectForm.List1")   # what the last entry has written
+        self.assertTrue((self.scratch.home / "Reports" / name).exists(), name)
+        p.click("ReportSelectForm.ComClose")
+        p.reply(viewing)
 
     def test_unattended_the_program_ends(self):
         server = self.prepare(leave=True, automatic=True)
