@@ -1,7 +1,12 @@
 """What only a mouse or a keyboard can do, at real windows."""
+import os
+import subprocess
+import sys
 import unittest
+from pathlib import Path
 
 from case import Case
+from displays import display
 from hands import Hands
 from program import Refused, is_desktop
 from servers import page, reply
@@ -324,6 +329,56 @@ class Window(DesktopCase):
         self.hands.window("Quorvantis Reports Manager")
         self.hands.key("Escape")
         p.event("closed", form="ReportManagerForm")
+
+    def test_the_address_comes_from_the_browsers_window(self):
+        p = self.start()
+        log = self.scratch.root / "keys"
+        helper = str(Path(__file__).resolve().parent / "browser_window.py")
+        browser = subprocess.Popen([sys.executable, helper, "A page - Chromium", "http://127.0.0.1:9/seen.html", str(log)],
+                                   env=dict(os.environ, DISPLAY=display()), stdin=subprocess.PIPE)
+        self.addCleanup(browser.wait)
+        self.addCleanup(browser.stdin.close)
+        self.hands.window("A page - Chromium")
+        p.click("CheckForm.MenuEditPaste")
+        self.assertEqual(p.state("CheckForm.TextFileName")["text"], "http://127.0.0.1:9/seen.html")
+        self.assertEqual(log.read_text().split(), ["ctrl+l", "ctrl+Insert", "Escape"])
+        p.until(lambda: self.hands.tool("getwindowfocus", "getwindowname") == INTERNET.split())
+
+    def test_a_long_list_is_gone_through_by_its_keys(self):
+        p = self.start(links=["http://127.0.0.1:9/%s.html" % (str(n) * 60) for n in range(90)])
+        p.do("focus", "CheckForm.List1")
+        at = lambda: p.state("CheckForm.List1")["index"]  # noqa: E731
+        self.hands.key("End")
+        p.until(lambda: at() == 89)
+        self.hands.key("Down", "Up")
+        p.until(lambda: at() == 88)
+        self.hands.key("Home", "Up", "Down")
+        p.until(lambda: at() == 1)
+        self.hands.key("Page_Down")
+        page_down = p.until(lambda: at() > 2 and at())
+        self.hands.key("Page_Down")
+        p.until(lambda: at() == 2 * page_down - 1)
+        self.hands.key("Page_Up")
+        p.until(lambda: at() == page_down)
+        before = p.state("CheckForm.List1")["rows"]
+        self.hands.key("Right", "Right", "Left")
+        p.until(lambda: at() == page_down)  # they move what is seen, not the row
+        self.assertEqual(set(p.state("CheckForm.List1")["rows"]), set(before))
+
+    def test_tabs_follow_the_arrow_keys_and_not_the_wheel(self):
+        p = self.start()
+        p.send("click", "CheckForm.ComOpen")
+        p.event("modal", form="WizardForm")
+        self.hands.window("Internet Document Database")
+        p.do("set", "WizardForm.Text1", value="http://127.0.0.1:9/a.html")
+        p.do("focus", "WizardForm.TabStrip1")
+        tab = lambda: p.state("WizardForm.TabStrip1")["value"]  # noqa: E731
+        self.hands.key("Right")
+        p.until(lambda: tab() == 2)
+        p.do("focus", "WizardForm.TabStrip1")
+        self.hands.click("WizardForm.TabStrip1", button=5)
+        self.hands.key("Left")
+        p.until(lambda: tab() == 1)
 
     def test_the_clipboard_is_the_systems(self):
         p = self.start()
