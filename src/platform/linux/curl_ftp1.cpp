@@ -104,9 +104,13 @@ void CurlFtp1::Perform(Step step) {
     interrupted_ = false;
     CURLcode result = Run(step);
     const bool refused = result == CURLE_REMOTE_FILE_NOT_FOUND || result == CURLE_FTP_COULDNT_RETR_FILE;
-    if (step == Step::File && refused && !interrupted_ && loggedOn_) result = Run(Step::Folder);
+    if (step == Step::File && refused && !interrupted_ && loggedOn_) {
+        step = Step::Folder;
+        result = Run(step);
+    }
     if (began_ && step != Step::LogOn) return;
-    if (result != CURLE_OK || interrupted_) return Fail(result);
+    const bool over = result == CURLE_OK || accepted_;  // also when the connection broke off behind the word
+    if (!over || interrupted_) return Fail(result);
     if (step == Step::LogOn)
         loggedOn_ = true;
     else
@@ -118,7 +122,7 @@ CURLcode CurlFtp1::Run(Step step) {
     SetTarget(step);
     running_ = step;
     ++run_;
-    ended_ = began_ = false;
+    ended_ = began_ = accepted_ = false;
     result_ = CURLE_OK;
     lastSign_ = std::chrono::steady_clock::now();
     curl_multi_add_handle(multi_, easy_);
@@ -218,6 +222,7 @@ std::size_t CurlFtp1::ReplyCame(char* data, std::size_t size, std::size_t count,
     const std::string_view reply(data, size * count);
     const bool transfer = client->running_ == Step::File || client->running_ == Step::Folder;
     const bool accepted = reply.substr(0, 4) == "150 " || reply.substr(0, 4) == "125 " || reply.substr(0, 4) == "226 ";
+    client->accepted_ = client->accepted_ || (transfer && accepted);
     if (transfer && accepted)
         client->loop_.Post([client, run = client->run_, alive = std::weak_ptr<int>(client->alive_)] {
             if (!alive.expired() && client->run_ == run && client->running_ != Step::None) client->Began(client->running_);

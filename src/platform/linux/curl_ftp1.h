@@ -50,7 +50,8 @@ class CurlFtp1 : public FTP1 {
     CURLcode result_ = CURLE_OK;
     bool ended_ = false;
     bool loggedOn_ = false;
-    bool began_ = false;
+    bool accepted_ = false;  // the server has said that the transfer begins
+    bool began_ = false;     // and that was passed on
     bool interrupted_ = false;
     std::string address_;
     std::shared_ptr<int> alive_ = std::make_shared<int>(0);  // posted work comes to nothing once this is gone

@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <string>
@@ -47,6 +48,13 @@ class MailServer {
         const std::lock_guard lock(mutex_);
         return message_;
     }
+    // Breaks off behind so many bytes of what it says, from now on.
+    void CutAfter(std::size_t bytes) {
+        left_ = bytes;
+        said_ = 0;
+        broken_ = false;
+    }
+    std::size_t Said() const { return said_; }  // bytes, since then
     // Whether the client has closed its connection; waits a while for it.
     bool Closed() {
         for (int i = 0; i < 500 && ended_ == 0; ++i) usleep(10000);
@@ -89,8 +97,15 @@ class MailServer {
         if (fault_ == Fault::None) return Send(connection, reply);
         return false;
     }
-    static bool Send(int connection, const std::string& text) {
-        return send(connection, text.data(), text.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
+    bool Send(int connection, const std::string& text) {
+        const std::size_t size = std::min(text.size(), left_.load());
+        left_ -= size;
+        said_ += size;
+        if (send(connection, text.data(), size, MSG_NOSIGNAL) != static_cast<ssize_t>(size)) return false;
+        if (size == text.size()) return true;
+        broken_ = true;
+        shutdown(connection, SHUT_RDWR);
+        return false;
     }
     bool Line(int connection, std::string& line) {
         for (;;) {
@@ -157,6 +172,8 @@ class MailServer {
     int connection_ = -1;
     bool ending_ = false;
     std::atomic<bool> broken_ = false;
+    std::atomic<std::size_t> left_ = std::string::npos;
+    std::atomic<std::size_t> said_ = 0;
     std::atomic<int> ended_ = 0;
     std::string buffer_;
     std::vector<std::string> lines_;

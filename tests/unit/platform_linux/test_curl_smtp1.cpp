@@ -74,6 +74,23 @@ TEST_F(Smtp, LogsInByTheThreeLines) {
     EXPECT_FALSE(Has(next.Lines(), "AUTH LOGIN"));
 }
 
+TEST_F(Smtp, AConversationThatBreaksOffAtAnyByteIsNoMail) {
+    MailServer server("", Fault::None, "250-AUTH LOGIN\r\n");
+    Fill(server.Name());
+    server.CutAfter(std::string::npos);
+    ASSERT_EQ(smtp.SetAction(SMTP1::Send), "");
+    ASSERT_TRUE(server.Closed());
+    const std::size_t taken = server.Said() - std::string_view("221 bye\r\n").size();
+    for (std::size_t cut = 0; cut < taken; ++cut) {
+        server.CutAfter(cut);
+        Fill(server.Name());
+        EXPECT_NE(smtp.SetAction(SMTP1::Send), "") << cut;
+    }
+    server.CutAfter(std::string::npos);
+    Fill(server.Name());
+    EXPECT_EQ(smtp.SetAction(SMTP1::Send), "");
+}
+
 std::string FaultName(Fault fault) { return fault == Fault::Refuse ? "Refuses" : fault == Fault::Hang ? "Hangs" : "Breaks"; }
 
 struct Step {
