@@ -65,6 +65,8 @@ class Files {
     // may stand behind the new bytes till then. Null when it can't be opened.
     virtual std::unique_ptr<FileAppender> Create(const std::string& path) = 0;
 
+    // Takes the rights of everybody else from a file that is there; a failure is passed over.
+    virtual void KeepForOwner(const std::string& path) = 0;
     virtual bool Remove(const std::string& path) = 0;  // one file; false when there is none or it stays
     // Removes what a process that was killed in the middle of a write has left in a folder. Failures are passed over.
     virtual void RemoveLeftovers(const std::string& folder) = 0;

@@ -52,8 +52,14 @@ void StartUp::MakeFolders() {
     }
 }
 
+// Copied or restored from elsewhere, they may have come with the rights that others had there.
+void StartUp::KeepPasswords() {
+    for (const char* name : {"preferen.zdt", "sitedata.zdt", "emailcfg.zdt"}) p_.files.KeepForOwner(p_.session.AppPath + name);
+}
+
 void StartUp::LoadSettings() {
     MakeFolders();
+    KeepPasswords();
     p_.preferences.ReadAtStart();
     p_.preferences.ApplyPreferences();
     ReadProgramSettings(p_.files, p_.session, p_.settings, p_.window);

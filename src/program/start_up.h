@@ -69,6 +69,7 @@ class StartUp {
    private:
     bool Unattended() const;
     void MakeFolders();
+    void KeepPasswords();
     void ReadOtherFiles();
     bool AskAboutSession();
 

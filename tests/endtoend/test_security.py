@@ -134,6 +134,18 @@ class Files(Case):
         self.assertIn(b"s3cretHttp", self.scratch.read("sitedata.zdt"))
         self.assertEqual((self.scratch.root / "errors.txt").read_bytes().count(b"s3cret"), 0)
 
+    def test_files_with_passwords_that_others_could_read_are_closed_to_them(self):
+        first = self.program()
+        first.exit(None)
+        self.scratch.write("emailcfg.zdt", b"h\r\n" * 11)
+        self.scratch.write("sitedata.zdt", b"")
+        names = ("preferen.zdt", "sitedata.zdt", "emailcfg.zdt")
+        for name in names:
+            (self.scratch.home / name).chmod(0o644)
+        self.program()
+        for name in names:
+            self.assertEqual(stat.S_IMODE((self.scratch.home / name).stat().st_mode), 0o600, name)
+
     def test_a_page_of_a_report_has_the_texts_as_they_are(self):
         """The forms of the reports are told to the letter: nothing in them is escaped, so a reader must not trust them as pages."""
         server = self.server({"/d.html": reply(200, "OK", b'<a href="x">&lt;b>bold&lt;/b></a>\r\n'), "*": reply(404, "Not Found")})

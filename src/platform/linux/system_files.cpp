@@ -219,6 +219,12 @@ std::unique_ptr<FileAppender> SystemFiles::Create(const std::string& path) {
     return file < 0 ? nullptr : std::make_unique<SystemRewriter>(file);
 }
 
+void SystemFiles::KeepForOwner(const std::string& path) {
+    struct stat status {};
+    if (Status(path, status) && S_ISREG(status.st_mode) && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        chmod(NativePath(path).c_str(), status.st_mode & S_IRWXU);
+}
+
 bool SystemFiles::Remove(const std::string& path) { return !HasNul(path) && unlink(NativePath(path).c_str()) == 0; }
 
 bool SystemFiles::Rename(const std::string& from, const std::string& to) {

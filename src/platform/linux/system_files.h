@@ -17,6 +17,7 @@ class SystemFiles : public Files {
     std::unique_ptr<FileReplacer> Replace(const std::string& path) override;
     std::unique_ptr<FileAppender> Extend(const std::string& path) override;
     std::unique_ptr<FileAppender> Create(const std::string& path) override;
+    void KeepForOwner(const std::string& path) override;
     bool Remove(const std::string& path) override;
     void RemoveLeftovers(const std::string& folder) override;
     bool Rename(const std::string& from, const std::string& to) override;

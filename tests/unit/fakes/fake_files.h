@@ -56,6 +56,8 @@ class FakeFiles : public Files {
         files[path].clear();
         return std::make_unique<Appender>(files[path]);
     }
+    void KeepForOwner(const std::string& path) override { kept.insert(path); }
+    std::set<std::string> kept;  // the files that nobody else may read
     bool Remove(const std::string& path) override { return files.erase(path) != 0; }
     void RemoveLeftovers(const std::string& folder) override { cleaned.insert(folder); }
     std::set<std::string> cleaned;  // the folders that were looked through for leftovers

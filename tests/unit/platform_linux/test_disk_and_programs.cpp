@@ -76,6 +76,24 @@ TEST_F(Disk, AWrittenFileIsTheOwnersAlone) {
     }
 }
 
+TEST_F(Disk, TheRightsOfOthersAreTakenFromAFile) {
+    ASSERT_TRUE(files.Write(Path("secret"), "x"));
+    for (const auto& [given, left] : {std::pair<mode_t, mode_t>{0644, 0600}, {0440, 0400}, {0700, 0700}}) {
+        ASSERT_EQ(chmod(Native("secret").c_str(), given), 0);
+        files.KeepForOwner(Path("secret"));
+        struct stat status {};
+        ASSERT_EQ(stat(Native("secret").c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, left);
+    }
+    files.MakeFolder(Path("folder"));
+    chmod(Native("folder").c_str(), 0755);
+    files.KeepForOwner(Path("folder"));
+    files.KeepForOwner(Path("none"));
+    struct stat status {};
+    ASSERT_EQ(stat(Native("folder").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0755U);
+}
+
 TEST_F(Disk, BytesComeBackAsTheyWere) {
     std::string bytes;
     for (int i = 0; i < 3 * 1024 * 1024 + 7; ++i) bytes += static_cast<char>(i * 31 + (i >> 8));
