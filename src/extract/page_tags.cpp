@@ -16,10 +16,6 @@ constexpr std::size_t kLongLabel = 1024;            // from here on labels are s
 constexpr std::size_t kChangedLabel = 1024 * 1024;  // what is cut out at most of a line that script was taken out of
 constexpr std::size_t kMostAddress = bounds::kAddressBytes + 4096;
 
-void CutTo(std::string& text, std::size_t bytes) {
-    if (text.size() > bytes) text.resize(FitBytes(text, bytes).size());
-}
-
 const char* AttributeOf(int kind) {
     // In the order of the kinds: the ones that are told by a quoted attribute.
     static constexpr std::array<const char*, 11> kAttributes = {nullptr, "href",       nullptr, "src", nullptr, nullptr,

@@ -4,8 +4,10 @@
 #include <cmath>
 
 #include "extract/url_text.h"
+#include "platform/bounds.h"
 #include "platform/http1.h"
 #include "text/basic_text.h"
+#include "text/characters.h"
 #include "text/numbers.h"
 
 namespace qv {
@@ -39,6 +41,11 @@ void JoinRelative(std::string& base, std::string& target) {
     const std::size_t start = slash + 1;
     if (start < base.size()) target = base.substr(start, base.size() - 1 - start);
     base.resize(start);
+}
+
+std::string Bounded(std::string address) {
+    CutTo(address, bounds::kAddressBytes);
+    return address;
 }
 
 }  // namespace
@@ -102,11 +109,11 @@ std::optional<std::string> ParseRedirect(const std::string& headers, const Redir
     if (!start) return std::nullopt;
     const auto end = headers.find('\r', *start);
     std::string target(Trim(std::string_view(headers).substr(*start, end == std::string::npos ? end : end - *start)));
-    if (StartsWithLower(target, "http")) return target;
+    if (StartsWithLower(target, "http")) return Bounded(std::move(target));
     std::string base = from.path;
     JoinRelative(base, target);
     PercentEncode(target);
-    return from.scheme + "://" + from.server + PortSuffix(from.port) + base + target;
+    return Bounded(from.scheme + "://" + from.server + PortSuffix(from.port) + base + target);
 }
 
 std::optional<long> ContentLength(const std::string& headers) {

@@ -114,6 +114,10 @@ std::string_view FitBytes(std::string_view text, std::size_t bytes) {
     return text.substr(0, bytes);
 }
 
+void CutTo(std::string& text, std::size_t bytes) {
+    if (text.size() > bytes) text.resize(FitBytes(text, bytes).size());
+}
+
 std::string AsUtf8(std::string_view text) {
     if (IsUtf8(text)) return std::string(text);
     std::string result;

@@ -25,6 +25,7 @@ void AppendCell(std::string& to, std::string_view text, std::size_t width, std::
 
 // As many whole characters from the left as fit into `bytes` bytes.
 std::string_view FitBytes(std::string_view text, std::size_t bytes);
+void CutTo(std::string& text, std::size_t bytes);  // to what FitBytes gives
 
 // The text as UTF-8: unchanged if it is valid UTF-8, else each byte taken as Windows-1252.
 std::string AsUtf8(std::string_view text);

@@ -31,6 +31,15 @@ class Bounds(Case):
             for path in self.scratch.home.rglob("*"):
                 self.assertLessEqual(path.stat().st_size, MOST_BODY, path)
 
+    def test_an_address_to_go_on_at_is_cut(self):
+        server = self.server({"/r": reply(302, "Found", b"", "Location: /" + "x" * 70000), "*": reply()})
+        self.scratch.document(server.url("d.html"), [server.url("r")])
+        p = self.program()
+        p.check()
+        self.assertEqual(self.scratch.statuses(), ["OK *"])
+        told = [len(server.url()) - 1 + len(target) for _, target in server.asked()]
+        self.assertEqual(told, [len(server.url("r")), 64 * 1024])
+
     def test_a_head_at_the_bound_is_good_and_one_beyond_it_is_not(self):
         self.assertEqual(len(head(MOST_HEAD)), MOST_HEAD)
         server = self.server({"/at": head(MOST_HEAD), "/beyond": head(MOST_HEAD + 1), "/far": head(3 * MOST_HEAD)})

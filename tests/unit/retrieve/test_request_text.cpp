@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/bounds.h"
+
 namespace qv {
 namespace {
 
@@ -80,6 +82,16 @@ INSTANTIATE_TEST_SUITE_P(Redirect, RedirectTargets,
                                          RedirectCase{"/r/page.htm", "  /T/Page.HTM  ", "http://h.dom:81/T/Page.HTM"},
                                          RedirectCase{"/r/page.htm", "HTTP://o/x", "HTTP://o/x"},
                                          RedirectCase{"/r/", "", "http://h.dom:81/r/"}));
+
+TEST(RedirectSearch, CutsAnAddressThatIsTooLong) {
+    const std::string prefix = "http://h/";
+    for (const auto& [location, start] : {std::pair{"http://h/" + std::string(70000, 'x'), 'x'}, {"/" + std::string(40000, ' '), '%'}}) {
+        const auto target = ParseRedirect("Location: " + location + (start == '%' ? "y\r\n" : "\r\n"), {"http", "h", 80, "/a"});
+        ASSERT_TRUE(target);
+        EXPECT_EQ(target->size(), bounds::kAddressBytes);
+        EXPECT_EQ(target->substr(0, prefix.size() + 1), prefix + start);
+    }
+}
 
 TEST(RedirectSearch, PassesOverLongerNames) {
     const RedirectBase base{"http", "h", 80, "/a"};
