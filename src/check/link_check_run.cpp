@@ -7,7 +7,7 @@ namespace qv {
 namespace {
 
 // A checkpoint of a links file above this size may come late, so that large documents aren't written all the time.
-constexpr std::size_t kLargeLinksFile = 1000 * 1000;
+constexpr std::size_t kLargeLinksFile = 250 * 1000;
 constexpr std::chrono::milliseconds kLatestCheckpoint{100};
 constexpr int kRowsBetweenCheckpoints = 10;
 

@@ -40,7 +40,7 @@ class TerminalWindows : public WindowListener {
         std::fprintf(stderr, "%s\n", std::string(Trim(text)).c_str());
     }
     void Progress(const std::string& text) {
-        if (!IsTerminal(stderr)) return;
+        if (!terminal_) return;
         std::fprintf(stderr, "\r\033[K%s", text.substr(0, 100).c_str());
         progress_ = true;
     }
@@ -51,6 +51,7 @@ class TerminalWindows : public WindowListener {
 
    private:
     WindowSystem& windows_;
+    const bool terminal_ = IsTerminal(stderr);
     bool progress_ = false;
 };
 
