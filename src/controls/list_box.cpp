@@ -25,10 +25,6 @@ void ListBox::SetText(int row, std::string text) {
     if (auto* observer = Observer()) observer->RowChanged(*this, row);
 }
 
-void ListBox::SetItemData(int row, std::int32_t itemData) {
-    if (Has(row)) rows_[static_cast<std::size_t>(row)].itemData = itemData;
-}
-
 void ListBox::RemoveItem(int row) {
     if (!Has(row)) return;
     if (Selected(row)) --selectedCount_;

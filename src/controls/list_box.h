@@ -28,7 +28,6 @@ class ListBox : public Control {
 
     void AddItem(std::string text, std::int32_t itemData = 0);
     void SetText(int row, std::string text);
-    void SetItemData(int row, std::int32_t itemData);
     void RemoveItem(int row);  // the current row is none afterwards if it was this one; later rows move up
     void Clear();
 

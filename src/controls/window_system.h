@@ -79,8 +79,7 @@ class WindowSystem {
     // Answers the message box or dialog on top: a button's name or a path; nothing is a dialog's Cancel.
     AnswerResult Answer(const std::optional<std::string>& value);
     AnswerResult CanAnswer(const std::optional<std::string>& value) const;  // what Answer would give, without answering
-    const MessageRequest* TopMessage() const;    // the prompt on top, if it is a message box
-    const FileDialogRequest* TopDialog() const;  // likewise a file dialog
+    const MessageRequest* TopMessage() const;  // the prompt on top, if it is a message box
 
     const std::string& Clipboard() const { return clipboard_; }
     void SetClipboard(std::string text);

@@ -131,6 +131,11 @@ class Wizard(Case):
         self.enter(ComboTextIgnore="t3")
         self.p.click(W + ".Command5")
         self.assertEqual(len(self.p.state(W + ".ComboTextIgnore")["items"]), 9)
+        for left in range(8, -1, -1):
+            self.enter(ComboTextIgnore=self.p.state(W + ".ComboTextIgnore")["items"][0]["text"])
+            self.p.click(W + ".Command5")
+            self.assertEqual(len(self.p.state(W + ".ComboTextIgnore")["items"]), left)
+        self.assertEqual(self.value("ComboTextIgnore"), "")
 
     def test_log_ins_need_both_their_fields(self):
         self.open_wizard()

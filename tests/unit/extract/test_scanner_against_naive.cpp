@@ -156,6 +156,22 @@ TEST(ScannerAgainstNaive, FindsTheSameRowsOnMonotonousPages) {
     }
 }
 
+// Labels that are long and end at the same place.
+TEST(ScannerAgainstNaive, FindsTheSameRowsWhereAnchorsAreClosedLate) {
+    std::mt19937 random(23);
+    for (int i = 0; i < 25; ++i) {
+        std::string page;
+        const std::size_t anchors = 20 + random() % 60;
+        for (std::size_t n = 0; n < anchors; ++n) {
+            page += "<a href=\"x" + std::to_string(n) + "\">";
+            for (std::size_t words = random() % 12; words > 0; --words) page += random() % 3 == 0 ? "<b>some</b> " : "words &amp; ";
+            if (random() % 4 != 0) page += random() % 2 == 0 ? "\r\n" : "\n";
+        }
+        Compare(page + "</a>", random);
+        if (HasFatalFailure()) return;
+    }
+}
+
 TEST(ScannerAgainstNaive, FindsTheSameRowsOnLongPages) {
     std::mt19937 random(22);
     for (int i = 0; i < 40; ++i) {
