@@ -54,7 +54,7 @@ void BookmarkMode::EnterMode() {
         control->SetVisible(true);
         control->SetEnabled(true);
     }
-    w.MenuLinkOpen.SetEnabled(false);
+    for (Menu* menu : {&w.MenuView, &w.MenuLinkOpen}) menu->SetEnabled(false);
     w.MenuLinkView.SetCaption("&Edit Bookmark");
     w.lblFileName.SetCaption("Zephon Bookmarks Toolbars");
     w.StatusBar1.SetText("Entering Zephon Bookmarks Mode...");
@@ -91,8 +91,7 @@ void BookmarkMode::LoadBars() {
 std::int32_t BookmarkMode::LoadBookmarks(int bar, const std::string& title) {
     std::string bytes;
     p_.files.Read(File("bookm", bar), bytes);
-    if (bytes.empty()) return 0;
-    const std::int32_t count = FillLinks(ParseBookmarks(bytes), p_.session.Links);
+    const std::int32_t count = bytes.empty() ? 0 : FillLinks(ParseBookmarks(bytes), p_.session.Links);
     p_.store.WriteTitle(bar, title);
     p_.session.CurrentDocumentUrl = "Zephon Bookmarks Toolbar";
     p_.store.SaveLinkList(bar);
@@ -112,10 +111,10 @@ void BookmarkMode::BarChanged() {
     if (bar > 0 && bar <= kBars) BookmarkBarChanged_[static_cast<std::size_t>(bar)] = true;
 }
 
-// A group itself can't go: the companion has always twelve.
+// A group itself doesn't go, marked or not: the companion has always twelve.
 void BookmarkMode::MenuLinkDelete_Click() {
     std::string* url = CurrentUrl();
-    if (url == nullptr || Contains(*url, "GROUP:") || RefuseIfRunning()) return;
+    if (url == nullptr || RefuseIfRunning()) return;
     url->insert(0, kDeleteMark);
     p_.session.Links.Touch();
     p_.rows.RefreshLinkRow(p_.window.List1.ListIndex());
@@ -145,7 +144,8 @@ void BookmarkMode::UpdateBar(int bar) {
     FillLinks(groups, links);
     std::int32_t row = 0;
     for (std::size_t i = 1; i < before.LinkUrls.size(); ++i) {
-        if (Contains(before.LinkUrls[i], Trim(kDeleteMark))) continue;
+        const std::string& url = before.LinkUrls[i];
+        if (Contains(url, Trim(kDeleteMark)) && !Contains(url, "GROUP:")) continue;
         if (links.Has(++row)) links.LinkFlags[static_cast<std::size_t>(row)] = before.LinkFlags[i];
     }
     p_.store.SaveLinkList(bar);

@@ -1,5 +1,6 @@
 #include "enterprise/schedule_form.h"
 
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -97,8 +98,10 @@ void ScheduleForm::ShowTime() {
         const std::tm now = p_.clock.LocalTime();
         SetTime(s, now.tm_hour, now.tm_min);
     }
-    TextHour.SetText(s.ScheduleHour);
-    TextMinute.SetText(s.ScheduleMinute);
+    for (const auto& [text, bar, value] : {std::tuple{&TextHour, &ScrollLabelTop, &s.ScheduleHour}, {&TextMinute, &ScrollLabelLeft, &s.ScheduleMinute}}) {
+        text->SetText(*value);
+        if (LeadingInt32(*value) == bar->Value()) text->SetText(TwoDigits(bar->Value()));  // as the bar writes what it stands at
+    }
     ComboAMPM.SetListIndex(s.ScheduleAmPm == "AM" ? 0 : 1);
 }
 

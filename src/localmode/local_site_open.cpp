@@ -163,7 +163,7 @@ bool LocalSiteOpen::OpenEntry(Walk& walk, std::size_t entry) {
     p_.window.LabelInd.SetCaption(
         LinkedOnly()
             ? documents + " Documents opened of a possible" + PrintForm(work + static_cast<long>(walk.Pending.Count()))
-            : documents + " Documents opened of" + PrintForm(work));
+            : documents + " Documents opened of " + PrintForm(work));
     p_.loop.Yield();
     return true;
 }

@@ -70,8 +70,8 @@ void ConfigForm::ShowPage() {
     const std::array<Frame*, 4> pages = {&Page0, &Page1, &Page2, &Page3};
     for (std::size_t i = 0; i < pages.size(); ++i) pages[i]->SetVisible(static_cast<std::int16_t>(i) == page_);
     ComBack.SetEnabled(page_ == 1 || page_ == 2);
+    ComFinish.SetEnabled(page_ == kLastPage);  // before Next goes and leaves it the focus
     ComNext.SetEnabled(page_ != kLastPage);
-    ComFinish.SetEnabled(page_ == kLastPage);
     SetDefaultButton(page_ == kLastPage ? &ComFinish : &ComNext);
     CheckActive();
     if (page_ == 0) ComNext.SetFocus();

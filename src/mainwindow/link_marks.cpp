@@ -3,6 +3,15 @@
 #include "text/basic_text.h"
 
 namespace qv {
+namespace {
+
+// The walk stops at links that weren't asked yet, too: they are neither good nor left out.
+bool PassesOnWalk(std::string_view status, bool persistentRedirectsOk) {
+    return StartsWith(status, "OK") || StartsWith(status, "NA") ||
+           (persistentRedirectsOk && (StartsWith(status, "301") || StartsWith(status, "302")));
+}
+
+}  // namespace
 
 bool LinkMarks::IsGroupRow(std::int32_t link) const {
     if (p_.settings.ProgramMode != kBookmarksMode || !p_.session.Links.Has(link)) return false;
@@ -40,19 +49,19 @@ void LinkMarks::List1_MouseMove() {
         list.SetTip(std::string(Trim(p_.session.Links.LinkUrls[static_cast<std::size_t>(link)])));
 }
 
-bool LinkMarks::HoldsQuestionable(int document) {
+bool LinkMarks::HoldsQuestionable(int document, Rule passes) {
     p_.store.LoadLinkList(p_.window.txtFileName.ItemData(document));
     const LinkTable& links = p_.session.Links;
     for (std::int32_t link = 1; link <= links.LinkCount; ++link) {
         const LinkFlag& flag = links.LinkFlags[static_cast<std::size_t>(link)];
-        if (!IsGroupRow(link) && !IsHiddenStatus(flag.TrimmedStatus(), p_.settings.PersistentRedirectsOk != 0)) return true;
+        if (!IsGroupRow(link) && !passes(flag.TrimmedStatus(), p_.settings.PersistentRedirectsOk != 0)) return true;
     }
     return false;
 }
 
-int LinkMarks::FindQuestionable(int first, int last, int step) {
+int LinkMarks::FindQuestionable(int first, int last, int step, Rule passes) {
     for (int document = first; step > 0 ? document <= last : document >= last; document += step)
-        if (HoldsQuestionable(document)) return document;
+        if (HoldsQuestionable(document, passes)) return document;
     return -1;
 }
 
@@ -87,8 +96,8 @@ void LinkMarks::MenuLinkHide_Click() {
     w.ComHide.SetCaption("S&how All");
     w.SetPointer(Pointer::Wait);
     const int selected = w.txtFileName.ListIndex();
-    int found = selected < 0 ? -1 : FindQuestionable(selected, w.txtFileName.Count() - 1, 1);
-    if (found < 0) found = FindQuestionable(selected - 1, 0, -1);
+    int found = selected < 0 ? -1 : FindQuestionable(selected, w.txtFileName.Count() - 1, 1, IsHiddenStatus);
+    if (found < 0) found = FindQuestionable(selected - 1, 0, -1, IsHiddenStatus);
     if (found >= 0) {
         ShowFound(found);
     } else {
@@ -105,7 +114,7 @@ void LinkMarks::FindQuestionableDocument(std::int16_t direction) {
     w.SetPointer(Pointer::Wait);
     const int selected = w.txtFileName.ListIndex();
     const int found =
-        direction == 2 ? FindQuestionable(selected - 1, 0, -1) : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1);
+        direction == 2 ? FindQuestionable(selected - 1, 0, -1, PassesOnWalk) : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1, PassesOnWalk);
     if (found >= 0) {
         ShowFound(found);
     } else {

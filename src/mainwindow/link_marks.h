@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string_view>
 
 #include "mainwindow/check_form.h"
 #include "mainwindow/window_rules.h"
@@ -39,8 +40,9 @@ class LinkMarks {
    private:
     bool IsGroupRow(std::int32_t link) const;
     void TakeMark();
-    bool HoldsQuestionable(int document);  // loads its links
-    int FindQuestionable(int first, int last, int step);
+    using Rule = bool (*)(std::string_view trimmedStatus, bool persistentRedirectsOk);
+    bool HoldsQuestionable(int document, Rule passes);  // loads its links
+    int FindQuestionable(int first, int last, int step, Rule passes);
     void ShowFound(int document);
     void Refill();
 

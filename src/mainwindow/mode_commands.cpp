@@ -11,10 +11,14 @@ void ModeCommands::ResetMode() {
                                                             .question = true});
         if (answer == "Yes" && SaveBookmarks) SaveBookmarks();
     }
-    w.MenuView.SetVisible(true);
-    w.MenuLinkOpen.SetVisible(true);
-    w.MenuZephonSave.SetVisible(false);
-    w.MenuLinkDelete.SetVisible(false);
+    for (Menu* menu : {&w.MenuView, &w.MenuLinkOpen}) {
+        menu->SetVisible(true);
+        menu->SetEnabled(true);
+    }
+    for (Menu* menu : {&w.MenuZephonSave, &w.MenuLinkDelete}) {
+        menu->SetVisible(false);
+        menu->SetEnabled(false);
+    }
     w.MenuFileZephonMode.SetCaption("&Zephon Bookmarks Mode");
     settings_.ProgramMode = kInternetMode;
     if (session_.MainWindowShown != 0) MenuFileNew_Click();

@@ -36,6 +36,7 @@ void SearchForm::Form_Load() {
     state.SearchCancelled = kClear;
     answered_ = false;
     SearchPosition_ = 0;
+    Check1.SetValue(0);
     static constexpr const char* kCaptions[] = {"Search For URL", "Search For Text", "Select Links That Contain:",
                                                 "Select Links That Do Not Contain:"};
     SetCaption(kCaptions[state.SearchMode - 1]);

@@ -36,6 +36,7 @@ void WindowRules::EnableControls() {
     EnableAll({&w.MenuFile, &w.MenuEdit, &w.MenuView, &w.MenuSearch, &w.MenuLink, &w.MenuReports, &w.ComOpen, &w.SpinLeft,
                &w.SpinRight, &w.Command1, &w.ComStart, &w.List1, &w.txtFileName, &w.ComHide, &w.ToolEnter, &w.ToolOpenDoc},
               true);
+    w.MenuView.SetEnabled(!InBookmarksMode());  // there it isn't to be seen
     SetToolButtons();
     SetModeControls();
 }

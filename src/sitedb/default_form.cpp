@@ -1,5 +1,6 @@
 #include "sitedb/default_form.h"
 
+#include "platform/files.h"
 #include "session/choose_folder.h"
 #include "session/mail_settings_file.h"
 #include "session/program_settings.h"
@@ -193,10 +194,10 @@ bool DefaultForm::StoreMail() {
     p_.mail.MailFromName = Trimmed(TextFromName);
     p_.mail.MailFromAddress = Trimmed(TextFromEmail);
     if (CheckAuth.Checked()) {
-        if (Trimmed(TextAuthName).empty()) return Refuse("Invalid Authentication User Name.", TextAuthName);
-        if (Trimmed(TextAuthPassword).empty()) return Refuse("Invalid Authentication Password.", TextAuthPassword);
-        p_.mail.MailAuthName = Trimmed(TextAuthName);
-        p_.mail.MailAuthPassword = Trimmed(TextAuthPassword);
+        if (TextAuthName.Text().empty()) return Refuse("Invalid Authentication User Name.", TextAuthName);
+        if (TextAuthPassword.Text().empty()) return Refuse("Invalid Authentication Password.", TextAuthPassword);
+        p_.mail.MailAuthName = TextAuthName.Text();
+        p_.mail.MailAuthPassword = TextAuthPassword.Text();
     }
     p_.mail.MailAuthRequired = CheckAuth.Checked() ? "Yes" : "No";
     WriteMailSettings(p_.files, p_.session.AppPath, p_.mail);
@@ -210,7 +211,7 @@ void DefaultForm::CheckTabFour(Flag& refused) {
                                                        {&Check11, field::MakeHtmlReport},   {&CheckWhich, field::QuestionableOnly},
                                                        {&Check8, field::EmailReports},      {&Check9, field::CopyMeOnReports}};
     for (const auto& [box, flag] : boxes) record_.SetNumber(flag, FlagOf(box->Checked()));
-    record_.SetText(field::ReportFolder, Trimmed(TextReportPath));
+    record_.SetText(field::ReportFolder, PathText(Trimmed(TextReportPath)));
 }
 
 // A helper that isn't there becomes the system's.

@@ -26,6 +26,7 @@ void CopyCommonSettings(const SiteRecord& record, EntrySettings& s) {
     s.FtpTimeout = record.Number(field::FtpTimeout);
     s.AutoReportsAfterCheck = record.Number(field::AutoReportsAfterCheck);
     s.ReportFolder = record.Text(field::ReportFolder);
+    if (!s.ReportFolder.empty() && !EndsWith(s.ReportFolder, "\\")) s.ReportFolder += "\\";
     s.QuestionableOnly = record.Number(field::QuestionableOnly);
     s.EmailReports = record.Number(field::EmailReports);
     s.CopyMeOnReports = record.Number(field::CopyMeOnReports);

@@ -52,8 +52,7 @@ void SiteDatabase::ConvertSiteDatabase(const std::function<void(const std::strin
     if (working.Text(field::FormatVersion) == kRecordVersion) return;
     tell("Converting Database, Please Wait...");
     ConvertFile("sitedata.zdt", static_cast<int>(bytes.size() / kOldRecordSize), working, yield);
-    if (!files_.Read(session_.AppPath + "preferen.zdt", bytes)) return;
-    if (SiteRecord(bytes).Text(field::FormatVersion) != kRecordVersion) ConvertFile("preferen.zdt", 1, working, yield);
+    if (files_.FileExists(session_.AppPath + "preferen.zdt")) ConvertFile("preferen.zdt", 1, working, yield);
 }
 
 void SiteDatabase::ConvertFile(const std::string& name, int mostRecords, SiteRecord& working,

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/files.h"
 #include "sitedb/record_fields.h"
 #include "sitedb/wizard_form.h"
 #include "text/basic_text.h"
@@ -20,16 +21,11 @@ bool NamesDocument(const std::string& address) {
 
 bool IsHttp(const std::string& address) { return StartsWithLower(address, "http://"); }
 
-std::string WithBackslashes(std::string path) {
-    std::replace(path.begin(), path.end(), '/', '\\');
-    return path;
-}
-
 }  // namespace
 
 std::string StoredFolder(std::string folder) {
     if (Trim(folder).empty()) return folder;
-    folder = WithBackslashes(folder);
+    folder = PathText(folder);
     while (EndsWith(folder, "\\\\")) folder.pop_back();
     return EndsWith(folder, "\\") ? folder : folder + "\\";
 }
@@ -130,7 +126,7 @@ bool WizardForm::CheckAddresses() {
 // Splits a document's address or path, and looks for the file where one is told.
 bool WizardForm::CheckFile() {
     if (!IsSite()) {
-        std::string path = WithBackslashes(Text1.Text());
+        std::string path = PathText(Text1.Text());
         std::string file;
         if (IsLocal()) {
             file = path.substr(path.rfind('\\') + 1);
@@ -242,7 +238,7 @@ void WizardForm::CheckTabFour(Flag&) {
     for (const auto& [flag, box] : flags) record->SetNumber(flag, FlagOf(box->Checked()));
     int item = 0;
     for (const TextField& address : field::ReportAddresses) record->SetText(address, Combo1.ItemText(item++));
-    record->SetText(field::ReportFolder, StoredFolder(TextReportPath.Text()));
+    record->SetText(field::ReportFolder, PathText(TextReportPath.Text()));
 }
 
 }  // namespace qv

@@ -226,6 +226,10 @@ class Wizard(Case):
         self.p.do("answer", value=str(self.scratch.root / "web"))
         self.p.reply(request)
         self.assertTrue(self.value("TextReportPath").endswith("\\web\\"))
+        self.enter(TextReportPath=str(self.scratch.root / "web"))
+        self.p.click(W + ".ComApply")
+        record, = self.records()
+        self.assertEqual(text(record, 6844, 255), str(self.scratch.root / "web").replace("/", "\\"))  # as typed
 
     def test_the_last_used_entry_comes_first_next_time(self):
         server = self.server()
@@ -264,7 +268,8 @@ class Dialogs(Case):
         self.assertTrue(p.state("ConfigForm.ComNext")["enabled"])
         p.click("ConfigForm.ComNext")
         self.assertEqual([p.state("ConfigForm." + n)["enabled"] for n in ("ComBack", "ComNext", "ComFinish")], [False, False, True])
-        p.click("ConfigForm.ComFinish")
+        self.assertEqual(p.state("ConfigForm")["focus"], "ComFinish")
+        p.do("key", "ConfigForm.ComFinish", key="Enter")
         p.event("closed", form="ConfigForm")
         self.assertEqual(self.scratch.lines("emailcfg.zdt"),
                          ["mail.example", "a@b.c", "Name", "Subject", "to@x.y", " 1", "user", "word", "No", "", ""])
@@ -375,6 +380,21 @@ class Dialogs(Case):
         self.assertEqual(len(p.documents()), 2)
         p.do("select", "CheckForm.txtFileName", row=1)
         self.assertEqual(self.spin(p, "Left"), "No questionable links were found before this document.")
+
+    def test_spin_buttons_stop_at_documents_that_were_not_asked(self):
+        server = self.server({"/d.htm": reply(200, "OK", page("gone"))})
+        self.scratch.document(server.url("d.htm"), [server.url("gone")], 1)
+        self.scratch.document(server.url("e.htm"), ["https://127.0.0.1/x"], 2)
+        self.scratch.document(server.url("f.htm"), [server.url("later")], 3)
+        lines = self.scratch.read("cache/xlf00002.lks").replace(b"X\r\n\r\n", b"\r\nNA/SE\r\n")
+        self.scratch.write("cache/xlf00002.lks", lines)
+        self.scratch.write("cache/xlf00001.lks", self.scratch.read("cache/xlf00001.lks").replace(b"X\r\n\r\n", b"\r\n404\r\n"))
+        p = self.program()
+        p.click("CheckForm.ComHide")
+        p.do("press", "CheckForm.SpinRight")
+        p.do("release", "CheckForm.SpinRight")
+        self.assertEqual(p.caption("CheckForm.LabelInd"), "Document 3 of 3")
+        self.assertEqual(p.rows(), [])
 
     def spin(self, p, side):
         request = p.send("press", "CheckForm.Spin" + side)

@@ -157,12 +157,41 @@ TEST_F(Mode, DeletedBookmarksLeaveTheFileAtAnUpdateAndTheRowsStayInStep) {
     EXPECT_EQ(files.files["\\b\\bookm1.zdt"], Bar({}));
 }
 
-TEST_F(Mode, AGroupCannotBeDeleted) {
+TEST_F(Mode, AGroupThatIsMarkedStaysAndItsBookmarksToo) {
+    const std::string before = files.files["\\b\\bookm1.zdt"];
     Enter();
+    session.Links.LinkFlags[2].SetStatus("OK");
+    session.Links.LinkFlags[3].SetStatus("404");
     window.List1.SetListIndex(0);
     bookmarks.MenuLinkDelete_Click();
+    EXPECT_EQ(session.Links.LinkUrls[1], "TO DELETE: GROUP: 2 Bookmarks");
+    EXPECT_EQ(rules.BookmarksChanged, kSet);
+    bookmarks.UpdateBookmarks();
+    EXPECT_EQ(files.files["\\b\\bookm1.zdt"], before);
     EXPECT_EQ(session.Links.LinkUrls[1], "GROUP: 2 Bookmarks");
-    EXPECT_EQ(rules.BookmarksChanged, kClear);
+    EXPECT_EQ(session.Links.LinkFlags[2].TrimmedStatus(), "OK");
+    EXPECT_EQ(session.Links.LinkFlags[3].TrimmedStatus(), "404");
+}
+
+TEST_F(Mode, ABarWithoutAFileHasItsCacheAndNoEntry) {
+    files.files["\\b\\bookb2.zdt"] = "Second bar\r\n";
+    Enter();
+    EXPECT_EQ(window.txtFileName.Count(), 2);
+    EXPECT_EQ(files.files["\\home\\cache\\xlf00002.qvn"], "Second bar\r\n");
+    EXPECT_TRUE(files.FileExists("\\home\\cache\\xlf00002.lks"));
+}
+
+TEST_F(Mode, WhatIsInvisibleIsDisabledAndWhatIsVisibleIsNot) {
+    const auto states = [&] {
+        std::string text;
+        for (const Menu* menu : {&window.MenuView, &window.MenuLinkOpen, &window.MenuLinkDelete, &window.MenuZephonSave})
+            text += std::to_string(menu->Visible()) + std::to_string(menu->Enabled()) + " ";
+        return text;
+    };
+    Enter();
+    EXPECT_EQ(states(), "00 00 11 11 ");
+    modes.MenuFileNormalMode_Click();
+    EXPECT_EQ(states(), "11 11 00 00 ");
 }
 
 TEST_F(Mode, EditedBookmarksAreWrittenBack) {

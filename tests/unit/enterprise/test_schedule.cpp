@@ -126,11 +126,11 @@ TEST_F(ScheduleFormTest, FirstLoadHasMondayThePresentTimeAndThisComputer) {
     EXPECT_EQ(form->LabelStatus.Caption(), "");
 }
 
-TEST_F(ScheduleFormTest, ShowsWhatWasStoredAsItWasTyped) {
+TEST_F(ScheduleFormTest, ShowsWhatWasStoredAndTheTimeAsItsBarsWriteIt) {
     files.files[kPath] = kFile;
     Open();
     EXPECT_EQ(form->Text1.Text(), "host");
-    EXPECT_EQ(form->TextHour.Text(), "9");
+    EXPECT_EQ(form->TextHour.Text(), "09");
     EXPECT_EQ(form->ScrollLabelTop.Value(), 9);
     EXPECT_EQ(form->ComboAMPM.ListIndex(), 1);
     EXPECT_EQ(Days(), "1001001");
@@ -234,7 +234,7 @@ TEST_F(ScheduleFormTest, AFailureIsToldAndForgetsTheTask) {
         Open();
         form->Command2.Click();
         EXPECT_EQ(messages.back(), told);
-        EXPECT_EQ(files.files[kPath], ReplaceAll(kFile, "AT7", ""));
+        EXPECT_EQ(files.files[kPath], ReplaceAll(ReplaceAll(kFile, "AT7", ""), "\r\n9\r\n", "\r\n09\r\n"));
         EXPECT_FALSE(form->Loaded());
     }
 }

@@ -115,7 +115,7 @@ TEST_F(LocalSiteOpenTest, AFolderIsOpenedWholeAndItsLinksAreNotFollowed) {
     EXPECT_EQ(opened, (Texts{"http://h/s/i.htm \\w\\i.htm", "http://h/s/i.htm \\w\\i.htm", "http://h/s/z.htm \\w\\z.htm",
                              "http://h/s/sub/a.htm \\w\\sub\\a.htm"}));
     EXPECT_EQ(labels[1], "Scanning folders, please wait...");
-    EXPECT_EQ(labels.back(), " 3 Documents opened of 3");
+    EXPECT_EQ(labels.back(), " 3 Documents opened of  3");
 }
 
 TEST_F(LocalSiteOpenTest, AFolderThatCannotBeReadIsTold) {

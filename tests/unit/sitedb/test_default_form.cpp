@@ -147,14 +147,14 @@ TEST_F(Defaults, TheChecksAreInTheirOrderWhateverTabIsShown) {
         form.TextAuthName.SetText("n");
         EXPECT_EQ(refused(), "Invalid Authentication Password.");
         EXPECT_FALSE(files.FileExists("\\home\\emailcfg.zdt"));
-        form.TextAuthPassword.SetText("s");
+        form.TextAuthPassword.SetText(" s ");  // blanks belong to it
         form.ComOpenNext.Click();
     });
     EXPECT_EQ(Stored().Number(field::HttpTimeout), 7);
     EXPECT_EQ(Stored().Text(field::ProxyPortText), "8080");
     EXPECT_EQ(Stored().Text(field::HttpUserName), "u");
     EXPECT_EQ(mail.MailAuthRequired, "Yes");
-    EXPECT_NE(files.files["\\home\\emailcfg.zdt"].find("n\r\ns\r\nYes\r\n\r\n\r\n"), std::string::npos);
+    EXPECT_NE(files.files["\\home\\emailcfg.zdt"].find("n\r\n s \r\nYes\r\n\r\n\r\n"), std::string::npos);
 }
 
 TEST_F(Defaults, ARefusalKeepsTheTab) {

@@ -165,6 +165,19 @@ TEST_F(Database, ConversionCarriesWhatItDoesNotAssign) {
     for (const auto& record : sites.ReadAll()) EXPECT_EQ(record.Bytes()[7000], 'Q');
 }
 
+TEST_F(Database, ThePreferencesAreOfTheOldLayoutWheneverTheEntriesAre) {
+    const std::string preferences = DefaultRecord("\\home\\").Bytes();
+    File("sitedata.zdt") = OldRecord("http://one/", 33);
+    File("preferen.zdt") = preferences;
+    Convert();
+    EXPECT_EQ(File("preferen.zdt").size(), 7514U);
+    EXPECT_NE(File("preferen.zdt"), preferences);
+    files.files.erase("\\home\\preferen.zdt");
+    File("sitedata.zdt") = OldRecord("http://one/", 33);
+    Convert();
+    EXPECT_FALSE(files.FileExists("\\home\\preferen.zdt"));  // there is nothing to convert
+}
+
 TEST_F(Database, PresentAndEmptyFilesAreLeftAlone) {
     File("preferen.zdt") = OldRecord("", 55);
     File("sitedata.zdt") = "";
