@@ -34,6 +34,12 @@ class Form : public Control {
     void SetState(WindowState state);
     const Geometry& Place() const { return place_; }
     void SetPlace(const Geometry& place);
+    // The place is one that the user gave the form: a view applies it as it stands, as long as it is on the screen.
+    void KeepPlace(const Geometry& place) {
+        placeIsKept_ = true;
+        SetPlace(place);
+    }
+    bool PlaceIsKept() const { return placeIsKept_; }
     void SetSize(int width, int height) { SetPlace({place_.left, place_.top, width, height}); }
     void Centre();       // on the screen, with the form's own size
     void FitOnScreen();  // smaller, if it and a frame around it don't fit the screen
@@ -87,7 +93,9 @@ class Form : public Control {
     qv::Pointer pointer_ = qv::Pointer::Default;
     bool topmost_ = false;
     bool loaded_ = false;
+    bool announced_ = false;  // the listeners know of it
     bool modal_ = false;
+    bool placeIsKept_ = false;
 };
 
 }  // namespace qv

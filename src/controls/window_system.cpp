@@ -20,17 +20,21 @@ void WindowSystem::Show(Form& form) {
     if (!LoadForm(form, false)) return;
     if (!form.Visible()) {
         form.SetVisible(true);
-        if (form.Focus() == nullptr) form.FocusFirst();
-        for (auto* listener : listeners_) listener->FormShown(form);
+        Announce(form);
     }
     Activate(form);
+}
+
+void WindowSystem::Announce(Form& form) {
+    if (form.Focus() == nullptr) form.FocusFirst();
+    form.announced_ = true;
+    for (auto* listener : listeners_) listener->FormShown(form);
 }
 
 void WindowSystem::ShowModal(Form& form) {
     if (!LoadForm(form, true)) return;
     form.SetVisible(true);
-    if (form.Focus() == nullptr) form.FocusFirst();
-    for (auto* listener : listeners_) listener->FormShown(form);
+    Announce(form);
     if (form.loaded_) Activate(form);
     while (form.loaded_) wait_();
 }
@@ -41,8 +45,8 @@ bool WindowSystem::Unload(Form& form) {
     form.Unload(refused);
     if (refused) return false;
     if (!form.loaded_) return true;  // the handler did it already
-    const bool wasShown = form.Visible();
-    form.loaded_ = false;
+    const bool wasShown = form.announced_;
+    form.loaded_ = form.announced_ = false;
     std::erase(forms_, &form);
     form.SetVisible(false);
     if (wasShown)

@@ -100,6 +100,7 @@ class WindowSystem {
         bool answered = false;
     };
     bool LoadForm(Form& form, bool modal);
+    void Announce(Form& form);  // it is on the screen now
     void Forget(Form& form);  // a form's life ends
     void WaitFor(Prompt& prompt);
 

@@ -116,8 +116,8 @@ void FormWindow::ShowForm(Aspect aspect) {
     showing_ = outer;
 }
 
-// The window is at least as large as its contents need and not larger than the screen, around the middle of where the form would
-// be, and on the screen.
+// The window is at least as large as its contents need and, unless the user made it so, not larger than the screen, around the
+// middle of where the form would be, and on the screen.
 void FormWindow::FitPlace() {
     ensurePolished();
     const Geometry& wish = form_->Place();
@@ -132,7 +132,7 @@ void FormWindow::FitPlace() {
     if (screen == nullptr) screen = QGuiApplication::primaryScreen();
     if (screen != nullptr) {
         const QRect room = screen->availableGeometry().adjusted(kFrame, kTitleBar, -kFrame, -kFrame);
-        const QSize fits = place.size().boundedTo(room.size().expandedTo(least));
+        const QSize fits = form_->PlaceIsKept() ? place.size() : place.size().boundedTo(room.size().expandedTo(least));
         if (fits != place.size() || !screen->availableGeometry().intersects(place)) {
             place.setSize(fits);
             place.moveCenter(room.center());

@@ -62,6 +62,7 @@ void SessionCommands::MenuFileNew_Click() {
     DeleteCacheFiles();
     ForgetDocuments();
     p_.http.SetAction(HTTP1::Stop);
+    p_.ftp.SetAction(FTP1::Idle);
     p_.rules.EnableControls();
     w.LabelInd.SetCaption("");
     w.ProgressBar1.SetValue(0);
@@ -149,7 +150,11 @@ void SessionCommands::MenuFileLoadList_Click() {
         for (auto& line : lines) line = std::string(reader.Next());
         ReopenDocument(lines);
     }
-    if (p_.window.txtFileName.Count() > 0) p_.window.txtFileName.SetListIndex(0);
+    ListBox& documents = p_.window.txtFileName;
+    if (documents.ListIndex() == 0)
+        documents.Click();  // what was opened behind it has left its traces
+    else if (documents.Count() > 0)
+        documents.SetListIndex(0);
 }
 
 }  // namespace qv

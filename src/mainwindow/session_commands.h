@@ -7,6 +7,7 @@
 #include "mainwindow/check_form.h"
 #include "mainwindow/window_rules.h"
 #include "platform/files.h"
+#include "platform/ftp1.h"
 #include "platform/http1.h"
 #include "session/document_store.h"
 #include "session/session.h"
@@ -27,6 +28,7 @@ class SessionCommands {
         DocumentStore& store;
         Files& files;
         HTTP1& http;
+        FTP1& ftp;
         SiteDatabase& sites;
         SiteRecordLoader& loader;
     };

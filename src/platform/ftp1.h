@@ -24,7 +24,8 @@ class FTP1 {
     // AskForFile asks for a file and, if the server refuses that, for a folder of that name. Without a session it fails at once.
     // Nothing is read: EndSession, which a handler of the two events calls, ends the step with success. From outside of them it
     // breaks a step off, which then fails with the text "interrupted". A failure goes to LastError: 25061 when the time was up,
-    // another number else; one that is there already stays. A step while one runs is passed over.
+    // another number else; one that is there already stays. A step while one runs is passed over. Idle ends the session with
+    // what runs in it, as EndSession from outside does, and closes its connections.
     virtual void SetAction(ActionCode action) = 0;
     virtual void Refresh() {}
 

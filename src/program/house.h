@@ -139,7 +139,7 @@ struct Program::House {
         {window, rules, session, settings, flags, store, services.http, steps, services.loop, services.files}};
     DocumentSelection selection{{window, rules, session, settings, flags, store, rows, services.http, loader, preferences}};
     SessionCommands sessionCommands{
-        {window, rules, session, settings, flags, store, services.files, services.http, sites, loader}};
+        {window, rules, session, settings, flags, store, services.files, services.http, services.ftp, sites, loader}};
     LinkMarks marks{{window, rules, session, settings, flags, store, rows}};
     DocumentCommands documentCommands{{window, rules, session, settings, flags, store, services.programs}};
     ModeCommands modes{window, rules, session, settings};

@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t kPlainLines = 14;
 constexpr std::size_t kAllLines = 18;
-constexpr int kSmallestSide = 100;  // pixels; a window that a damaged file would make smaller keeps its size
 
 std::string Path(const Session& session) { return session.AppPath + "quorvant.cfg"; }
 
@@ -59,8 +58,7 @@ void TakeGeometry(const std::vector<std::string>& lines, Form& window) {
     }
     const auto [top, left, width, height] = values;
     if (window.State() != WindowState::Normal || top <= -1 || left <= -1) return;
-    const Geometry present = window.Place();
-    window.SetPlace({left, top, width < kSmallestSide ? present.width : width, height < kSmallestSide ? present.height : height});
+    window.KeepPlace({left, top, width, height});
 }
 
 }  // namespace

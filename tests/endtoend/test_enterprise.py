@@ -222,6 +222,7 @@ class Whole(FourEntries):
         self.assertEqual(p.process.wait(30), 0)
         self.compare_results(server)
         self.assertEqual([m for m in p.seen if m["event"] in ("message", "modal") or m.get("form") == "ReportForm"], [])
+        self.assertEqual([m["form"] for m in p.seen if m["event"] == "closed"][:1], ["InitialForm"])
 
     def test_unattended_the_log_is_shown_if_that_is_wished(self):
         server = self.prepare(automatic=True)

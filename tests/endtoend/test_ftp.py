@@ -3,7 +3,7 @@ import shutil
 import unittest
 
 from case import Case
-from servers import Vsftpd
+from servers import Vsftpd, page, reply
 
 
 @unittest.skipUnless(shutil.which("vsftpd") or shutil.which("/usr/sbin/vsftpd"), "there is no vsftpd")
@@ -69,3 +69,22 @@ class Ftp(Case):
         p.click("CheckForm.MenuLinkRecheck")
         self.assertEqual(self.scratch.statuses(), ["OK", "UKNWN"])  # the settings in force have no name for a log-on
         self.assertEqual(p.caption("CheckForm.LabelInd"), "Document 1 of 1")
+
+    def test_a_change_of_mode_ends_a_session_that_hangs(self):
+        """The run and the recheck that wait for it end with the documents that they are about."""
+        silent = self.server({"*": "silent"})
+        web = self.server({"/d.htm": reply(200, "OK", page("x.htm")), "/x.htm": reply()})
+        for command in ("ComStart", "MenuLinkRecheck"):
+            with self.subTest(command):
+                self.scratch.document("http://127.0.0.1:9/doc.html", ["ftp://127.0.0.1:%d/x" % silent.port])
+                p = self.program()
+                run = p.send("click", "CheckForm." + command)
+                p.until(lambda: p.state("CheckForm.Timer1")["enabled"])
+                p.click("CheckForm.ToolLocalMode")
+                p.reply(run)
+                p.click("CheckForm.ToolInterMode")
+                p.open(web.url("d.htm"))
+                self.assertEqual([row[:6].strip() for row in p.rows()], [""])
+                self.assertEqual(self.scratch.statuses(p.documents()[0][1]), [""])
+                self.assertEqual(p.check(), "None of 1 links checked were questionable.")
+                p.exit("No")

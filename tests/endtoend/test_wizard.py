@@ -348,6 +348,18 @@ class Dialogs(Case):
         self.assertEqual(p.caption("CheckForm"), "Zephon Quorvantis - Internet Mode")
         self.assertEqual(p.documents(), [])
 
+    def test_a_list_whose_last_document_fails_shows_its_first(self):
+        server = self.server({"/a.htm": reply(200, "OK", page("x.htm", "y.htm")), "/b.htm": reply(200, "OK", page("z.htm"))})
+        p = self.program()
+        for name in ("a.htm", "b.htm"):
+            p.open(server.url(name))
+        self.list_file(p, "Save", "two.qvl")
+        server.answers["/b.htm"] = reply(404, "Not Found")
+        self.list_file(p, "Load", "two.qvl")
+        self.assertEqual([address for address, _ in p.documents()], [server.url("a.htm")])
+        self.assertEqual(p.state("CheckForm.TextFileName")["text"], server.url("a.htm"))
+        self.assertEqual(len(p.rows()), 2)
+
     def list_file(self, p, command, name):
         request = p.send("click", "CheckForm.MenuFile%sList" % command)
         p.event("dialog")

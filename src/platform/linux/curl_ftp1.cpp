@@ -72,7 +72,10 @@ void CurlFtp1::SetAction(ActionCode action) {
         case AskForFile: Perform(EndsWith(RemoteFile, "/") ? Step::Folder : Step::File); break;
         case EndSession: Stop(); break;
         case Idle:
-            if (running_ == Step::None) EndAll();
+            if (running_ == Step::None)
+                EndAll();
+            else
+                Stop();
             break;
     }
 }

@@ -167,6 +167,20 @@ TEST_F(Windows, AWindowIsNotLargerThanTheScreen) {
     EXPECT_GT(window.height(), window.screen()->availableGeometry().height() / 2);
 }
 
+TEST_F(Windows, APlaceThatTheUserGaveIsKept) {
+    form.KeepPlace({30, 40, 2000, 900});
+    const FormWindow& window = Show();
+    EXPECT_EQ(window.size(), QSize(2000, 900));
+    EXPECT_EQ(form.Place().left, 30);
+    EXPECT_EQ(form.Place().top, 40);
+}
+
+TEST_F(Windows, APlaceThatIsOnNoScreenIsNotKept) {
+    form.KeepPlace({30000, 20000, 300, 200});
+    const FormWindow& window = Show();
+    EXPECT_TRUE(window.screen()->availableGeometry().intersects(window.geometry()));
+}
+
 TEST_F(Windows, AButtonIsPressedAlsoBeforeItHasItsPlace) {
     button.Click = Note("pressed");
     Show();

@@ -128,11 +128,18 @@ TEST_F(Ftp, ASessionThatIsBrokenOffFromOutsideSaysSo) {
     EXPECT_EQ(Ask("/a.txt"), 0);
 }
 
+TEST_F(Ftp, IdleEndsTheSessionWithWhatRunsInIt) {
+    server.CutAfter(10, true);
+    loop.StartTimer(std::chrono::milliseconds{50}, false, [this] { ftp.SetAction(FTP1::Idle); });
+    EXPECT_EQ(Ask("/a.txt"), kErrorInterrupted);
+    server.CutAfter(std::string::npos);
+    EXPECT_EQ(Ask("/a.txt"), 0);
+}
+
 TEST_F(Ftp, AStepWhileOneRunsIsPassedOver) {
     server.CutAfter(10, true);
     loop.StartTimer(std::chrono::milliseconds{50}, false, [this] {
         ftp.SetAction(FTP1::LogOn);
-        ftp.SetAction(FTP1::Idle);
         ftp.SetAction(FTP1::EndSession);
     });
     EXPECT_EQ(Ask("/a.txt"), kErrorInterrupted);
