@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QProxyStyle>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <array>
 
 namespace qv {
@@ -35,6 +37,22 @@ QPalette DarkPalette() {
     return dark;
 }
 
+// The outlines of boxes are made darker than the window, which on a dark one leaves nothing to be seen.
+class DarkStyle : public QProxyStyle {
+   public:
+    DarkStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        if (button == nullptr || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionButton box = *button;
+        box.palette.setColor(QPalette::Window, QColor(0xa0, 0xa4, 0xa8));
+        QProxyStyle::drawPrimitive(element, &box, painter, widget);
+    }
+};
+
 }  // namespace
 
 bool IsDark(const QPalette& palette) { return palette.color(QPalette::Base).lightness() < 128; }
@@ -62,7 +80,7 @@ QColor FillColour(int number) {
 
 void FollowDesktopColours() {
     if (IsDark(QApplication::palette()) || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME") || !DesktopWantsDark()) return;
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new DarkStyle);  // the application owns it
     QApplication::setPalette(DarkPalette());
 }
 

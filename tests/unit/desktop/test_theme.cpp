@@ -3,8 +3,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
+#include <QStyleOption>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -69,6 +73,29 @@ TEST_F(Theme, IsDarkWhereTheDesktopsThemeIs) {
     FollowDesktopColours();
     EXPECT_TRUE(IsDark(QApplication::palette()));
     ExpectLegible();
+}
+
+// How far the outline of an empty box is from what is around it.
+double BoxContrast() {
+    QWidget ground;
+    QStyleOptionButton box;
+    box.rect = QRect(4, 4, 14, 14);
+    box.state = QStyle::State_Enabled | QStyle::State_Off;
+    box.palette = QApplication::palette();
+    QImage image(22, 22, QImage::Format_RGB32);
+    const QColor around = box.palette.color(QPalette::Base);
+    image.fill(around);
+    QPainter painter(&image);
+    QApplication::style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &ground);
+    double most = 1;
+    for (int x = 0; x < image.width(); ++x) most = std::max(most, Contrast(image.pixelColor(x, 11), around));
+    return most;
+}
+
+TEST_F(Theme, TheOutlineOfABoxIsSeenOnDarkWindows) {
+    qputenv("GTK_THEME", "Adwaita-dark");
+    FollowDesktopColours();
+    EXPECT_GE(BoxContrast(), 2.5);
 }
 
 TEST_F(Theme, IsDarkWhereTheDesktopsSettingsSaySo) {
