@@ -95,6 +95,7 @@ class Program:
             settings["DISPLAY"] = display()
             settings.pop("WAYLAND_DISPLAY", None)
         settings.update(environment or {})
+        self.environment = settings
         self.process = subprocess.Popen([os.environ["QUORVANTIS_PROGRAM"], *arguments], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=self.errors, env=settings, cwd=str(scratch.root))
         self.events = queue.Queue()

@@ -1,4 +1,9 @@
 """The automation protocol: verbs, refusals, states, events."""
+import json
+import os
+import subprocess
+import time
+
 from case import Case
 from program import Refused
 
@@ -30,6 +35,28 @@ class Protocol(Case):
         p.send_raw(b'{"id": 901, "do": "ping"}\n{"id": 902, "do": "forms"}\n{"id": 903, "do": "pi')
         p.send_raw(b'ng"}\n')
         self.assertEqual([p.reply(n)["ok"] for n in (901, 902, 903)], [True] * 3)
+
+    def test_a_reader_that_is_slow_loses_nothing(self):
+        """More is written than a pipe holds before the first byte is read."""
+        self.program_.close()
+        self.scratch.document("http://127.0.0.1:9/d.htm", ["http://127.0.0.1:9/%d" % n for n in range(400)])
+        slow = subprocess.Popen([os.environ["QUORVANTIS_PROGRAM"]], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, env=self.program_.environment)
+        self.addCleanup(slow.stdout.close)
+        self.addCleanup(slow.wait)
+        count = 60
+        slow.stdin.write(b"".join(b'{"id": %d, "do": "get", "at": "CheckForm.List1"}\n' % n for n in range(count)))
+        slow.stdin.flush()
+        time.sleep(1)  # it is stuck by now, or will be: both must end well
+        replies = []
+        while len(replies) < count:
+            message = json.loads(slow.stdout.readline())
+            if "id" in message:
+                replies.append(message)
+        slow.stdin.close()
+        self.assertEqual([message["id"] for message in replies], list(range(count)))
+        sizes = {len(message["state"]["items"]) for message in replies if message["ok"]}
+        self.assertIn(400, sizes)
 
     def test_names_that_are_not_there(self):
         self.refused("no such form", "get", "NoForm")

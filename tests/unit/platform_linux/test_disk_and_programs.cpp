@@ -122,6 +122,12 @@ TEST_F(Disk, ReadsStopAtTheirLimit) {
     }
 }
 
+TEST_F(Disk, AReadThatFailsInTheMiddleGivesNothing) {
+    std::string bytes = "old";
+    EXPECT_EQ(files.Read("\\proc\\self\\mem", bytes).text, "Input/output error");  // it can be opened, but begins with nothing
+    EXPECT_EQ(bytes, "");
+}
+
 TEST_F(Disk, FailuresComeInTheWordsOfTheSystem) {
     files.Write(Path("file"), "x");
     std::string bytes = "old";
