@@ -123,7 +123,7 @@ std::optional<long> ContentLength(const std::string& headers) {
     const auto start = at + kContentLength.size();
     const auto end = lower.find('\r', start);
     const double value = LeadingNumber(std::string_view(lower).substr(start, end == std::string::npos ? end : end - start));
-    return value > 2147483647.0 ? 2147483647L : static_cast<long>(std::trunc(value));
+    return static_cast<long>(std::trunc(std::clamp(value, -2147483648.0, 2147483647.0)));
 }
 
 std::string NormalizeLineEnds(std::string_view chunk) {

@@ -107,6 +107,8 @@ TEST(LengthOfReply, IsTheNumberBehindItsField) {
     EXPECT_EQ(ContentLength("Content-Length: x\r\n"), 0);
     EXPECT_EQ(ContentLength("A: b\r\n"), std::nullopt);
     EXPECT_EQ(ContentLength("content-length: 99999999999999\r\n"), 2147483647);
+    for (const std::size_t digits : {38U, 400U})
+        EXPECT_EQ(ContentLength("Content-Length: -" + std::string(digits, '1') + "\r\n"), -2147483648);
 }
 
 TEST(LineEndsOfChunks, GetACarriageReturn) {
