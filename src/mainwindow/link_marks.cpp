@@ -109,7 +109,7 @@ void LinkMarks::MenuLinkHide_Click() {
     w.SetPointer(Pointer::Default);
 }
 
-void LinkMarks::FindQuestionableDocument(std::int16_t direction) {
+bool LinkMarks::FindQuestionableDocument(std::int16_t direction) {
     CheckForm& w = p_.window;
     w.SetPointer(Pointer::Wait);
     const int selected = w.txtFileName.ListIndex();
@@ -124,6 +124,7 @@ void LinkMarks::FindQuestionableDocument(std::int16_t direction) {
         Refill();
     }
     w.SetPointer(Pointer::Default);
+    return found >= 0;
 }
 
 }  // namespace qv

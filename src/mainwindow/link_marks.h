@@ -33,7 +33,8 @@ class LinkMarks {
 
     void MenuLinkHide_Click();  // good rows are left out, or shown again
     // 1: the next document with a questionable link, 2: the previous one.
-    void FindQuestionableDocument(std::int16_t direction);
+    // False: there was none, and the user was told.
+    bool FindQuestionableDocument(std::int16_t direction);
 
     std::function<void()> txtFileName_Click;
 

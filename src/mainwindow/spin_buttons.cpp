@@ -23,10 +23,10 @@ void SpinButtons::Step() {
     const int present = documents.ListIndex();
     const int next = SpinDirection_ == 1 ? present + 1 : present - 1;
     if (next < 0 || next >= documents.Count()) return;
-    if (flags_.HideGoodLinks != 0 && FindQuestionableDocument)
-        FindQuestionableDocument(SpinDirection_);
-    else
+    if (flags_.HideGoodLinks == 0 || !FindQuestionableDocument)
         documents.SetListIndex(next);
+    else if (!FindQuestionableDocument(SpinDirection_))
+        Release();  // the button was let go of in front of the message
 }
 
 }  // namespace qv

@@ -20,7 +20,7 @@ class SpinButtons {
     void Timer2_Timer();
 
     // The walk to a document with a questionable link, while good links are hidden: 1 forward, 2 backward.
-    std::function<void(std::int16_t direction)> FindQuestionableDocument;
+    std::function<bool(std::int16_t direction)> FindQuestionableDocument;  // false: the user was told that there is none
 
    private:
     void Begin(std::int16_t direction);

@@ -62,7 +62,7 @@ void Program::House::ConnectCommands() {
     documentCommands.OpenLocalDocument = openLocal;
     documentOpen.OpenLocalDocument = openLocal;
     sessionCommands.OpenLocalDocument = openLocal;
-    spin.FindQuestionableDocument = [this](std::int16_t direction) { marks.FindQuestionableDocument(direction); };
+    spin.FindQuestionableDocument = [this](std::int16_t direction) { return marks.FindQuestionableDocument(direction); };
 
     window.ComHide.Click = window.MenuLinkHide.Click = window.ToolLinkQuest.Click = hide;
     window.MenuViewReload.Click = window.ToolDocReopen.Click = [this] { documentCommands.MenuViewReload_Click(); };

@@ -413,6 +413,8 @@ class Dialogs(Case):
         text = p.event("message")["text"]
         p.do("answer", value="OK")
         p.reply(request)
+        p.until(lambda: not p.state("CheckForm.Timer2")["enabled"])  # the button is held, and yet it doesn't say it again
+        self.assertEqual([e["text"] for e in p.seen if e["event"] == "message"].count(text), 1)
         p.do("release", "CheckForm.Spin" + side)
         return text
 
