@@ -124,6 +124,7 @@ WindowSystem::AnswerResult WindowSystem::Answer(const std::optional<std::string>
 }
 
 const MessageRequest* WindowSystem::TopMessage() const { return prompts_.empty() ? nullptr : prompts_.back()->message; }
+
 void WindowSystem::SetClipboard(std::string text) {
     clipboard_ = std::move(text);
     if (ClipboardChanged) ClipboardChanged(clipboard_);

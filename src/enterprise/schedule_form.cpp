@@ -98,7 +98,8 @@ void ScheduleForm::ShowTime() {
         const std::tm now = p_.clock.LocalTime();
         SetTime(s, now.tm_hour, now.tm_min);
     }
-    for (const auto& [text, bar, value] : {std::tuple{&TextHour, &ScrollLabelTop, &s.ScheduleHour}, {&TextMinute, &ScrollLabelLeft, &s.ScheduleMinute}}) {
+    for (const auto& [text, bar, value] : {std::tuple{&TextHour, &ScrollLabelTop, &s.ScheduleHour},
+                                           {&TextMinute, &ScrollLabelLeft, &s.ScheduleMinute}}) {
         text->SetText(*value);
         if (LeadingInt32(*value) == bar->Value()) text->SetText(TwoDigits(bar->Value()));  // as the bar writes what it stands at
     }

@@ -114,7 +114,8 @@ bool LinkMarks::FindQuestionableDocument(std::int16_t direction) {
     w.SetPointer(Pointer::Wait);
     const int selected = w.txtFileName.ListIndex();
     const int found =
-        direction == 2 ? FindQuestionable(selected - 1, 0, -1, PassesOnWalk) : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1, PassesOnWalk);
+        direction == 2 ? FindQuestionable(selected - 1, 0, -1, PassesOnWalk)
+                       : FindQuestionable(selected + 1, w.txtFileName.Count() - 1, 1, PassesOnWalk);
     if (found >= 0) {
         ShowFound(found);
     } else {

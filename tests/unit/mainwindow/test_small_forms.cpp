@@ -62,6 +62,14 @@ TEST_F(Search, MayIgnoreTheCase) {
     EXPECT_EQ(messages.size(), 1u);
 }
 
+TEST_F(Search, RegardsTheCaseWheneverItIsOpenedAnew) {
+    Open(kSearchTexts);
+    form.Check1.SetValue(1);
+    form.Close();
+    Open(kSearchTexts);
+    EXPECT_FALSE(form.Check1.Checked());
+}
+
 TEST_F(Search, BeginsInTheSelectedDocumentAndAnEmptyTextDoesNothing) {
     window.txtFileName.SetListIndex(2);
     Open(kSearchUrls);

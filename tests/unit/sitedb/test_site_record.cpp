@@ -4,6 +4,7 @@
 
 #include "fakes/fake_files.h"
 #include "fakes/fake_http1.h"
+#include "sitedb/entry_settings.h"
 #include "sitedb/load_site_record.h"
 #include "sitedb/preferences.h"
 #include "sitedb/site_database.h"
@@ -214,6 +215,15 @@ TEST_F(Database, LoadingAnEntryPutsItInForce) {
     settings.HttpTimeout = 7;
     loader.LoadSiteRecord(2, 0);
     EXPECT_EQ(settings.HttpTimeout, 7);
+}
+
+TEST_F(Database, AReportFolderInForceEndsInABackslash) {
+    SiteRecord record = DefaultRecord("\\home\\");
+    for (const auto& [stored, inForce] : {std::pair{"\\r", "\\r\\"}, {"\\r\\", "\\r\\"}, {"", ""}}) {
+        record.SetText(field::ReportFolder, stored);
+        CopyCommonSettings(record, settings);
+        EXPECT_EQ(settings.ReportFolder, inForce);
+    }
 }
 
 TEST_F(Database, PreferencesAreWrittenOnceAndApplied) {
