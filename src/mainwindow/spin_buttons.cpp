@@ -19,6 +19,13 @@ void SpinButtons::Timer2_Timer() {
 }
 
 void SpinButtons::Step() {
+    if (inStep_) return;  // the timer ticks on while a message is read
+    inStep_ = true;
+    GoToNeighbor();
+    inStep_ = false;
+}
+
+void SpinButtons::GoToNeighbor() {
     ListBox& documents = window_.txtFileName;
     const int present = documents.ListIndex();
     const int next = SpinDirection_ == 1 ? present + 1 : present - 1;

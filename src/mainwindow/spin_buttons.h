@@ -25,11 +25,13 @@ class SpinButtons {
    private:
     void Begin(std::int16_t direction);
     void Step();
+    void GoToNeighbor();
 
     CheckForm& window_;
     const RunFlags& flags_;
     EventLoop& loop_;
     std::int16_t SpinDirection_ = 0;  // 0 none, 1 next, 2 previous
+    bool inStep_ = false;
 };
 
 }  // namespace qv
