@@ -61,7 +61,7 @@ std::string GroupRow(std::int64_t count) { return "GROUP: " + std::to_string(cou
 }  // namespace
 
 std::string FloatPrintForm(double value) {
-    std::string text = fmt::format("{:.15g}", value);
+    std::string text = fmt::format("{:.15g}", value == 0 ? 0.0 : value);  // no minus zero
     std::transform(text.begin(), text.end(), text.begin(), [](char c) { return static_cast<char>(std::toupper(c)); });
     const bool negative = text.front() == '-';
     if (negative) text.erase(0, 1);

@@ -39,12 +39,24 @@ void HttpProbe::Pass(LinkProbe& probe) {
     steps_.ArmWatchdog(false);
     probe.deadline = steps_.Now() + settings_.HttpTimeout;
     if (probe.lookup.errorText.empty())
-        Ask(probe, server);
+        AskUnlessHalted(probe, server);
     else
         flags_.LastErrorNumber = probe.lookup.errorNumber;
     steps_.ProbeWait(probe.deadline, probe.lookup);
     http_.SetURLServer(server);
     ++probe.passCount;
+}
+
+// A press just before the exchange ends it as one a moment later would.
+void HttpProbe::AskUnlessHalted(LinkProbe& probe, const std::string& server) {
+    const bool halted = flags_.StopRequested != 0 || (flags_.SkipRequested != 0 && !probe.skipLeft);
+    if (!halted) {
+        Ask(probe, server);
+        return;
+    }
+    const auto stop = loop_.StartTimer(std::chrono::milliseconds{0}, false, [this] { http_.SetAction(HTTP1::Stop); });
+    Ask(probe, server);
+    loop_.StopTimer(stop);
 }
 
 void HttpProbe::Ask(LinkProbe& probe, const std::string& server) {

@@ -17,6 +17,7 @@ struct LinkProbe {
     int passCount = 0;
     bool redirectSeen = false;
     bool useGet = false;
+    bool skipLeft = false;  // the Skip of an earlier link still stands: it ends the waits, not the exchange
 };
 
 class HttpProbe {
@@ -28,6 +29,7 @@ class HttpProbe {
 
    private:
     void Pass(LinkProbe& probe);
+    void AskUnlessHalted(LinkProbe& probe, const std::string& server);
     void Ask(LinkProbe& probe, const std::string& server);
     bool AnotherPass(LinkProbe& probe);
     void Redirect(LinkProbe& probe, const std::string& target);

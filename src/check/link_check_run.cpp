@@ -14,7 +14,7 @@ constexpr int kRowsBetweenCheckpoints = 10;
 }  // namespace
 
 void LinkCheckRun::ComStart_Click() {
-    if (p_.flags.CheckRunning != 0) return;
+    if (p_.flags.CheckRunning != 0 || p_.rows.IsAsking()) return;
     CheckForm& w = p_.window;
     if (p_.settings.ProgramMode == kBookmarksMode && CompanionRunning && CompanionRunning()) {
         w.Windows().ShowMessage(
@@ -83,7 +83,9 @@ bool LinkCheckRun::CheckRow(int row) {
                                               .remoteLinksNotChecked = p_.settings.RemoteLinksNotChecked != 0});
     switch (decision.road) {
         case LinkRoad::Settled: Settle(row, decision.status); return true;
-        case LinkRoad::Ftp: p_.ftpProbe.Run(probe, FtpProbe::Kind::Run); break;
+        case LinkRoad::Ftp:  // an FTP session isn't ended by Stop: with the run stopped it isn't begun
+            if (p_.flags.StopRequested == 0) p_.ftpProbe.Run(probe, FtpProbe::Kind::Run);
+            break;
         case LinkRoad::LocalFile: p_.fileProbe.Run(probe, path, FileProbe::Path::Decoded); break;
         case LinkRoad::Http: p_.httpProbe.Run(probe); break;
     }

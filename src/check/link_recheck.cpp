@@ -30,6 +30,7 @@ void LinkRecheck::Check(int row) {
     const auto link = static_cast<std::size_t>(w.List1.ItemData(row));
     const LinkTable& links = p_.session.Links;
     LinkProbe probe;
+    probe.skipLeft = p_.flags.SkipRequested != 0;
     probe.url = std::string(Trim(links.LinkUrls[link]));
     const std::string path(Trim(links.LinkPaths[link]));
     w.StatusBar1.SetText("Checking " + probe.url);

@@ -21,6 +21,12 @@ void TextBox::Select(std::size_t start, std::size_t length) {
     Changed(Aspect::Selection);
 }
 
+void TextBox::TypeOver(const std::string& text) {
+    if (readOnly_) return;
+    const std::size_t start = selectionLength_ == 0 ? text_.size() : selectionStart_;
+    SetText(text_.substr(0, start) + text + text_.substr(start + selectionLength_));
+}
+
 void TextBox::EnterText(const std::string& text) {
     SetFocus();
     if (readOnly_) return;

@@ -21,6 +21,7 @@ class TextBox : public Control {
     void Select(std::size_t start, std::size_t length);
     void SelectAll() { Select(0, text_.size()); }
 
+    void TypeOver(const std::string& text);   // what a user types in place of the selected part; behind the text if there is none
     void EnterText(const std::string& text);  // what a user does who replaces the whole text: focus, Change, one KeyUp
 
     bool Masked() const { return masked_; }  // shown as dots

@@ -36,7 +36,7 @@ void PressSpace(Control& control) {
         case ControlKind::CheckBox: As<CheckBox>(control).SetValue(As<CheckBox>(control).Checked() ? 0 : 1); break;
         case ControlKind::OptionButton: As<OptionButton>(control).SetValue(true); break;
         case ControlKind::ListBox: As<ListBox>(control).ToggleCurrent(); break;
-        case ControlKind::TextBox: As<TextBox>(control).SetText(As<TextBox>(control).Text() + " "); break;
+        case ControlKind::TextBox: As<TextBox>(control).TypeOver(" "); break;
         default: break;
     }
 }
@@ -83,6 +83,7 @@ void Press(Control& control, Key key) {
     control.ParentForm().KeyDown(key);
     control.KeyPress(key);
     if (key == Key::Space) PressSpace(control);
+    if (key == Key::Delete && control.Kind() == ControlKind::TextBox) As<TextBox>(control).TypeOver("");
     if ((key == Key::Enter || key == Key::Escape) && PressFormButton(control.ParentForm(), key)) return;
     control.KeyUp(key);
 }

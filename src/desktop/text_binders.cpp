@@ -102,6 +102,8 @@ ComboBinder::ComboBinder(ComboBox& combo, QComboBox* widget) : Binder(combo, wid
     combo_->setCompleter(nullptr);  // it would put in what wasn't typed
     combo_->setMinimumContentsLength(10);
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    // Else a typed text that equals an item would pick that item when the box is left.
+    disconnect(combo_->lineEdit(), &QLineEdit::editingFinished, combo_, nullptr);
     connect(combo_->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
         if (auto* live = Live<ComboBox>()) live->SetText(FromQt(text));
     });

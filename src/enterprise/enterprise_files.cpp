@@ -47,11 +47,14 @@ void ParseEnterpriseSettings(std::string_view bytes, Settings& settings) {
 }
 
 void ReadEnterpriseSettings(const Files& files, const std::string& appPath, Settings& settings) {
+    std::string bytes;
+    if (files.Read(appPath + "newencfg.zdt", bytes)) {
+        ParseEnterpriseSettings(bytes, settings);
+        return;
+    }
     settings.LogFolder = appPath + "Logs\\";
     settings.MakeHtmlLog = kSet;
     settings.MakeEventLog = settings.EmailLogs = kClear;
-    std::string bytes;
-    if (files.Read(appPath + "newencfg.zdt", bytes)) ParseEnterpriseSettings(bytes, settings);
 }
 
 std::string EntryLine(const SiteRecord& record) {

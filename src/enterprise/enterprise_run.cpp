@@ -182,7 +182,10 @@ void EnterpriseRun::WriteTextLog() {
 // Whatever the sender says, the line that follows tells of a mail: it is never in the file.
 void EnterpriseRun::MailLogs() {
     if (p_.settings.EmailLogs == 0 || (p_.settings.MakeHtmlLog == 0 && p_.settings.MakeEventLog == 0)) return;
-    if (p_.settings.MakeHtmlLog != 0) p_.session.Attach(p_.settings.LogFolder, LogName("_Log.htm"));
+    // A run that was stopped in its first entry has no HTML log; a missing file would keep the text log from being mailed.
+    const std::string htmlLog = LogName("_Log.htm");
+    if (p_.settings.MakeHtmlLog != 0 && (p_.settings.MakeEventLog == 0 || p_.files.FileExists(p_.settings.LogFolder + htmlLog)))
+        p_.session.Attach(p_.settings.LogFolder, htmlLog);
     const std::string& lineBreak = p_.session.LineBreak;
     p_.mail.MailTo = p_.mail.MailFromAddress;
     p_.mail.MailCopyList.clear();

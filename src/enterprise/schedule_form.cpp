@@ -139,10 +139,12 @@ void ScheduleForm::Schedule_Click() {
     Schedule& s = p_.schedule;
     if (Trim(Text1.Text()).empty()) {
         Windows().ShowMessage(kBadComputer);
+        Text1.SetFocus();
         return;
     }
     if (!HasValidTime({.ScheduleHour = TextHour.Text(), .ScheduleMinute = TextMinute.Text()})) {
         Windows().ShowMessage(kBadTime);
+        (HasValidTime({.ScheduleHour = TextHour.Text(), .ScheduleMinute = "0"}) ? TextMinute : TextHour).SetFocus();
         return;
     }
     TakeInputs();

@@ -7,34 +7,47 @@
 #include "extract/url_text.h"
 #include "platform/bounds.h"
 #include "text/basic_text.h"
+#include "text/characters.h"
 #include "text/lines.h"
 
 namespace qv {
 namespace {
 
 constexpr double kPauseSeconds = 0.2;
-constexpr std::size_t kMostHeadBytes = 9000;
+constexpr std::size_t kMostHeadCharacters = 9000;
 
 }  // namespace
 
-std::optional<std::string> FindBaseAddress(std::string_view page) {
+// The lines through the one that ends the head, joined with nothing between them; no further than kMostHeadCharacters.
+std::string JoinHead(std::string_view page) {
     std::string head;
-    std::string lower;
-    for (LineReader reader(page); !reader.AtEnd() && head.size() <= kMostHeadBytes;) {
+    std::size_t characters = 0;
+    bool utf8 = true;
+    for (LineReader reader(page); !reader.AtEnd() && (utf8 ? characters : head.size()) <= kMostHeadCharacters;) {
         const std::string_view line = reader.Next();
-        const std::size_t start = lower.size();
         head.append(line);
-        lower += Lower(line);
-        if (lower.find("</head>", start) != std::string::npos) break;
+        if (line.size() > kMostHeadCharacters * 4 || Lower(line).find("</head>") != std::string::npos) break;
+        utf8 = utf8 && IsUtf8(line);
+        characters += CharacterCount(line);
     }
-    const auto tag = lower.find("<base");
-    if (tag == std::string::npos) return std::nullopt;
-    const auto attribute = lower.find("href=", tag + 1);
-    if (attribute == std::string::npos || attribute > lower.find('>', tag)) return std::nullopt;
-    const auto start = attribute + 5;
-    const auto end = lower.find('>', start);
-    if (end == std::string::npos) return std::nullopt;
-    return CleanLinkAddress(std::string_view(head).substr(start, end - start));
+    return head;
+}
+
+// What the first "<base" that has an "href=" in its tag gives.
+std::optional<std::string> FindBaseAddress(std::string_view page) {
+    const std::string head = JoinHead(page);
+    const std::string lower = Lower(head);
+    std::size_t attribute = 0;
+    for (auto tag = lower.find("<base"); tag != std::string::npos; tag = lower.find("<base", tag + 1)) {
+        if (attribute <= tag) attribute = lower.find("href=", tag + 1);
+        if (attribute == std::string::npos) return std::nullopt;
+        if (attribute > lower.find('>', tag)) continue;
+        const auto start = attribute + 5;
+        const auto end = lower.find('>', start);
+        if (end == std::string::npos) return std::nullopt;
+        return CleanLinkAddress(std::string_view(head).substr(start, end - start));
+    }
+    return std::nullopt;
 }
 
 void HyperlinkImporter::PauseInInternetMode() {

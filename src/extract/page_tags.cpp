@@ -161,12 +161,13 @@ void PageScanner::AddLink(Kind kind, std::string address, std::string label) {
     if (settings_.ignoreLinkPathList != nullptr && IsIgnoredLinkPath(address, *settings_.ignoreLinkPathList)) return;
     const bool script = StartsWith(address, "javascript:");
     const bool local = kind == kAnchor || kind == kOption || kind == kFrame || kind == kArea;
+    const bool untouched = script && kind == kAnchor;
     const auto hash = address.find('#');
-    if (!script && local && hash != std::string::npos) {
+    if (!untouched && local && hash != std::string::npos) {
         label = (kind == kFrame ? "[Frame - Local: " : "[Local: ") + address.substr(hash) + "]";
         address.resize(hash);
     }
-    if (!script && kind != kImage) CompleteServerAddress(address);
+    if (!untouched && kind != kImage) CompleteServerAddress(address);
     if (script && kind == kAnchor) label = "[Script URL]";
     if (script && kind == kImage) label = "[Script Image]";
     if (script && kind == kArea) label = "[Script Image Map]";

@@ -29,7 +29,10 @@ void LinkMarks::TakeMark() {
 void LinkMarks::List1_MouseDown() {
     ListBox& list = p_.window.List1;
     if (list.ListIndex() < 0) return;
-    if (IsGroupRow(list.ItemData(list.ListIndex()))) list.SetSelected(list.ListIndex(), false);
+    if (IsGroupRow(list.ItemData(list.ListIndex())))
+        list.SetSelected(list.ListIndex(), false);
+    else if (p_.settings.ProgramMode == kBookmarksMode)
+        p_.window.MenuLink.SetEnabled(true);
     TakeMark();
 }
 

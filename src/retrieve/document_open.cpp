@@ -37,16 +37,19 @@ void DocumentOpen::ComOpen_Click() {
         Cancel();
         return;
     }
+    if (retrieving_) return;  // a cancelled retrieval is still on its way out
     if (HasWizard() && !(AskAboutPartialSite() && TakeEntryFromWizard())) {
         SetWaiting(false);
         return;
     }
     SetWaiting(false);
     if (!Validate()) return;
+    retrieving_ = true;
     Retrieval retrieval;
     SetUp(retrieval);
     Retrieve(retrieval);
     Judge(retrieval);
+    retrieving_ = false;
 }
 
 void DocumentOpen::OpenInLocalMode() {

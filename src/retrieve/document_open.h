@@ -81,6 +81,7 @@ class DocumentOpen {
     void SetWaiting(bool waiting);
 
     Parts p_;
+    bool retrieving_ = false;
 };
 
 }  // namespace qv

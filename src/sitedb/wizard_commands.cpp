@@ -127,13 +127,15 @@ void WizardForm::DeleteAddress() {
 }
 
 void WizardForm::Check8_Click() {
-    if (p_.flags.IgnoreControlEvents != 0) return;
+    if (p_.flags.IgnoreControlEvents == 0) FollowCheck8();
+}
+
+void WizardForm::FollowCheck8() {
     if (Check8.Checked() && (Trim(p_.mail.MailServer).empty() || Trim(p_.mail.MailFromAddress).empty())) {
         p_.windows.ShowMessage(
             "Before you select this option, you must enter your Email information in Quorvantis Preferences and Settings (Under "
             "the 'Edit' Menu).");
         Check8.SetValue(0);
-        return;
     }
     ShowMailControls();
 }

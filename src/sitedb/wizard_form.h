@@ -197,6 +197,7 @@ class WizardForm : public Form {
     void AddAddress();
     void DeleteAddress();
     void Check8_Click();
+    void FollowCheck8();  // the address controls are there while reports are mailed, which needs the mail settings
 
     Parts p_;
     std::vector<SiteRecord> records_;  // the working array; record n is element n - 1

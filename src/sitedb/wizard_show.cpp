@@ -75,7 +75,7 @@ void WizardForm::ShowReports(SiteRecord& record) {
     for (const TextField& address : field::ReportAddresses)
         if (!record.Text(address).empty()) Combo1.AddItem(record.Text(address));
     ShowReportFrames();
-    ShowMailControls();
+    FollowCheck8();
 }
 
 void WizardForm::ShowFtp(bool on) { EnableAll({&Label15, &Text9, &Label16, &Text10, &Label10, &Text6}, on); }

@@ -1,6 +1,7 @@
 """A user's hands at the desktop program: a real mouse and a real keyboard, by xdotool on this thread's display."""
 import ctypes
 import os
+import re
 import subprocess
 
 from displays import display
@@ -15,13 +16,25 @@ class Hands:
                               capture_output=True, text=True, timeout=20).stdout.split()
 
     def window(self, title):
-        """The number of the window with exactly this title; waits for it."""
+        """The number of the window whose whole title this pattern matches; waits for it."""
         def find():
             try:
                 return self.tool("search", "--onlyvisible", "--name", "^%s$" % title)[0]
             except (subprocess.CalledProcessError, IndexError):
                 return None  # not yet, or a window went while all were looked at
         return self.program.until(find)
+
+    def front(self, title):
+        """Waits until the window whose title this pattern matches has the keyboard. Gives its number."""
+        number = self.window(title)
+
+        def has_keyboard():
+            try:
+                return re.fullmatch(title, " ".join(self.tool("getwindowfocus", "getwindowname"))) is not None
+            except subprocess.CalledProcessError:
+                return False  # nobody has it, or the one that had it went
+        self.program.until(has_keyboard)
+        return number
 
     def size(self, title):
         lines = self.tool("getwindowgeometry", "--shell", self.window(title))

@@ -264,6 +264,11 @@ class Commands(Case):
                 p.do("select", "CheckForm.List1", row=row)
                 p.do("key", "CheckForm.List1", key="Space")
                 self.assertEqual(p.state("CheckForm.MenuLink")["enabled"], usable)
+            for row in (0, 1):
+                p.do("select", "CheckForm.List1", row=row)
+                if row == 0:
+                    p.do("key", "CheckForm.List1", key="Space")
+            self.assertTrue(p.state("CheckForm.MenuLink")["enabled"])   # a press of the mouse on a bookmark brings it back
             editing = p.send("click", "CheckForm.MenuLinkView")
             p.event("modal", form="EditForm")
             self.assertEqual(p.state("EditForm.TextURL")["text"], BASE + "a")

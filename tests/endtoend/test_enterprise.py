@@ -697,7 +697,7 @@ class Windows(EnterpriseCase):
         opener.chmod(0o755)
         p = self.program(environment={"QUORVANTIS_AUTOMATION_PLACES": "1", "PATH": "%s:%s" % (self.scratch.root, os.environ["PATH"])})
         self.hands = Hands(p)
-        self.hands.window("Zephon Quorvantis - Internet Mode")
+        self.hands.front("Zephon Quorvantis - Internet Mode")
         p.until(lambda: p.state("CheckForm.Command1")["place"][0] > 0)
         self.hands.click("CheckForm.ToolEnter")
         p.event("modal", form="BatchForm")
@@ -705,7 +705,7 @@ class Windows(EnterpriseCase):
         return p
 
     def shown(self, p, at):
-        self.hands.window(p.caption(at.split(".")[0]).strip() + " *")
+        self.hands.front(p.caption(at.split(".")[0]).strip() + " *")
         p.until(lambda: p.state(at)["place"][0] > 0)
 
     def focus(self, p, form):

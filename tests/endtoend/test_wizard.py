@@ -182,6 +182,27 @@ class Wizard(Case):
                      "(Under the 'Edit' Menu).", "Check8")
         self.assertEqual(self.value("Check8"), 0)
 
+    def test_an_entry_that_mails_is_shown_with_the_same_rule(self):
+        self.scratch.write("emailcfg.zdt", b"mail.example\r\nme@example.com\r\n" + b"\r\n" * 9)
+        self.open_wizard()
+        self.enter(Text1=NINE + "b.htm", TabStrip1=4, Check10=1, Check8=1)
+        self.p.click(W + ".ComApply")
+        self.enter(TabStrip1=1)
+        self.p.do("select", W + ".Text1", row=0)
+        self.assertTrue(self.value("Check8") == 1 and self.p.state(W + ".Combo1")["visible"])
+        self.p.close()
+        self.scratch.write("emailcfg.zdt", b"")
+        self.p = self.program()
+        self.p.send("click", "CheckForm.ComOpen")
+        self.p.event("modal", form=W)
+        showing = self.p.send("select", W + ".Text1", row=0)
+        self.p.event("message", text="Before you select this option, you must enter your Email information in Quorvantis "
+                     "Preferences and Settings (Under the 'Edit' Menu).")
+        self.p.do("answer", value="OK")
+        self.p.reply(showing)
+        self.assertEqual((self.value("Check8"), self.p.state(W + ".Combo1")["visible"]), (0, False))
+        self.assertFalse(self.p.state(W + ".ComApply")["enabled"])
+
     def test_removing_asks_and_drops_the_enterprise_list(self):
         self.open_wizard()
         for name in ("a.htm", "b.htm"):

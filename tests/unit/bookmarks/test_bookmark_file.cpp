@@ -100,6 +100,7 @@ TEST(BookmarkFile, EntriesBeyondAHundredAreReadPast) {
 
 TEST(BookmarkFile, NumbersAreInPrintForm) {
     EXPECT_EQ(FloatPrintForm(0), " 0");
+    EXPECT_EQ(FloatPrintForm(-0.0), " 0");
     EXPECT_EQ(FloatPrintForm(12), " 12");
     EXPECT_EQ(FloatPrintForm(-1), "-1");
     EXPECT_EQ(FloatPrintForm(0.5), " .5");

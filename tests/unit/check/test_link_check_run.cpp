@@ -166,11 +166,77 @@ TEST_F(LinkCheckRunTest, ALargeDocumentIsSavedALittleLate) {
             EXPECT_EQ(saves(), 0);
             loop.WaitFor(0.1);
             EXPECT_EQ(saves(), 1);
+            EXPECT_EQ(Bytes("cache\\xlf00001.lks").find("-->"), std::string::npos);  // the link at hand isn't judged yet
         }
         client.Reply("HTTP/1.1 200 OK");
     };
     Check();
     EXPECT_GE(saves(), 2);
+}
+
+TEST_F(LinkCheckRunTest, AnEndInTheMiddleKeepsWhatWasFoundAndTheStatusOfTheLinkAtHand) {
+    Document({"http://1.1.1.1/a", "http://1.1.1.1/b"});
+    session.Links.LinkFlags[2].SetStatus("404");
+    http.exchange = [&](FakeHttp1& client, HTTP1::ActionCode) {
+        if (client.URLPath() == "/b") run.SaveIfRunning();
+        client.Reply("HTTP/1.1 200 OK");
+    };
+    std::string saved;
+    run.RowJudged = [&] { saved = Bytes("cache\\xlf00001.lks"); };
+    EXPECT_EQ(Check(), (Statuses{"OK", "OK"}));
+    EXPECT_EQ(saved, "a link\r\nhttp://1.1.1.1/a\r\n\r\nOK\r\n\r\na link\r\nhttp://1.1.1.1/b\r\nX\r\n404\r\n\r\n");
+}
+
+TEST_F(LinkCheckRunTest, APressJustBeforeTheExchangeEndsIt) {
+    Document({"http://1.1.1.1/a", "http://1.1.1.1/b"});
+    std::vector<double> waited;
+    http.exchange = [&](FakeHttp1& client, HTTP1::ActionCode) {
+        const double start = clock.now;
+        loop.WaitFor(3);
+        waited.push_back(clock.now - start);
+        client.Reply("HTTP/1.1 200 OK");
+    };
+    bool pressed = false;
+    loop.onYield = [&] {
+        if (!std::exchange(pressed, true)) run.ComSkip_Click();
+    };
+    EXPECT_EQ(Check(), (Statuses{"SKIPD", "OK"}));
+    EXPECT_EQ(waited, (std::vector<double>{0, 3}));
+    EXPECT_EQ(std::count(http.log.begin(), http.log.end(), "STOP"), 2);  // the press and what it left for the exchange
+}
+
+TEST_F(LinkCheckRunTest, ASkipThatIsLeftOverDoesNotEndTheExchangeOfASingleLink) {
+    Document({"http://1.1.1.1/a"});
+    flags.SkipRequested = kSet;
+    http.exchange = [&](FakeHttp1& client, HTTP1::ActionCode) {
+        loop.WaitFor(1);
+        client.Reply("HTTP/1.1 200 OK");
+    };
+    window.List1.SetListIndex(0);
+    recheck.MenuLinkRecheck_Click();
+    EXPECT_EQ(http.log, Log{"HEAD http://1.1.1.1/a"});
+    EXPECT_EQ(session.Links.LinkFlags[1].TrimmedStatus(), "OK");
+}
+
+TEST_F(LinkCheckRunTest, NoFtpSessionIsBegunInAStoppedRun) {
+    Document({"ftp://1.1.1.1/a"});
+    loop.onYield = [&] { run.ComStop_Click(); };
+    EXPECT_EQ(Check(), Statuses{"STOP"});
+    EXPECT_TRUE(ftp.log.empty());
+}
+
+TEST_F(LinkCheckRunTest, IsNotEnteredWhileASingleLinkIsAsked) {
+    Document({"http://1.1.1.1/a", "http://1.1.1.1/b"});
+    int asked = 0;
+    http.exchange = [&](FakeHttp1& client, HTTP1::ActionCode) {
+        if (++asked < 5) run.ComStart_Click();
+        client.Reply("HTTP/1.1 200 OK");
+    };
+    window.List1.SetListIndex(1);
+    recheck.MenuLinkRecheck_Click();
+    EXPECT_EQ(asked, 1);
+    run.ComStart_Click();
+    EXPECT_EQ(asked, 2);
 }
 
 TEST_F(LinkCheckRunTest, FailingWritesDoNotEndTheRun) {
@@ -400,6 +466,22 @@ TEST_F(DocumentOpenTest, ListsWhatItFetched) {
     EXPECT_EQ(window.Picture2.Fill(), 2);
     EXPECT_EQ(flags.RetrievalMode, 0);
     EXPECT_EQ(window.List1.ListIndex(), 0);
+}
+
+TEST_F(DocumentOpenTest, ASecondPressOfCancelStartsNothing) {
+    int asked = 0;
+    http.exchange = [&](FakeHttp1& client, HTTP1::ActionCode) {
+        ++asked;
+        window.ComOpen.Click();
+        EXPECT_EQ(window.ComOpen.Caption(), "Check &Document");
+        window.ComOpen.Click();
+        client.FailWith(kErrorInterrupted, "interrupted");
+    };
+    Open("http://1.1.1.1/a.htm");
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(window.StatusBar1.Text(), "Cancelled");
+    EXPECT_NE(window.Pointer(), Pointer::Wait);
+    EXPECT_EQ(window.txtFileName.Count(), 0);
 }
 
 TEST_F(DocumentOpenTest, IsListedUnderTheAddressAskedForAndResolvedAgainstTheOneFetched) {

@@ -71,6 +71,28 @@ TEST_F(Controls, TheSpaceKeyTogglesTheCurrentRow) {
     EXPECT_EQ(log, std::vector<std::string>{"selected"});
 }
 
+TEST_F(Controls, KeysInATextBoxActOnTheSelectedPart) {
+    TextBox text(form, "T");
+    windows.Show(form);
+    text.KeyUp = [&](Key) { log.push_back(text.Text()); };
+    text.SetText("abcd");
+    text.Select(1, 2);
+    user::Press(text, Key::Space);
+    text.Select(0, 1);
+    user::Press(text, Key::Delete);
+    user::Press(text, Key::Delete);  // nothing is selected
+    user::Press(text, Key::Space);
+    text.SelectAll();
+    user::Press(text, Key::Delete);
+    EXPECT_EQ(log, (std::vector<std::string>{"a d", " d", " d", " d ", ""}));
+    text.SetText("kept");
+    text.SetReadOnly(true);
+    text.SelectAll();
+    user::Press(text, Key::Delete);
+    user::Press(text, Key::Space);
+    EXPECT_EQ(text.Text(), "kept");
+}
+
 TEST_F(Controls, SettingFromCodeFiresAsTheRulesSay) {
     CheckBox box(form, "C", "");
     TextBox text(form, "T");

@@ -275,6 +275,25 @@ TEST_F(Windows, TypingInADropDownListKeepsThePlaceInTheText) {
     EXPECT_EQ(line->text(), "http://one/");
 }
 
+TEST_F(Windows, ATypedTextThatEqualsAnItemPicksNothing) {
+    combo.AddItem("http://one/");
+    combo.AddItem("http://two/");
+    combo.SetListIndex(0);
+    int picked = 0;
+    combo.Click = [&] { ++picked; };
+    Show();
+    QLineEdit* line = WidgetOf<QComboBox>(combo)->lineEdit();
+    line->setFocus();
+    line->selectAll();
+    line->insert("http://two/");
+    EXPECT_EQ(combo.ListIndex(), -1);
+    box.SetFocus();
+    Q_EMIT line->editingFinished();
+    EXPECT_EQ(picked, 0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), "http://two/");
+}
+
 TEST_F(Windows, TheFocusOfAControlThatGoesMovesOnAsTheFormSays) {
     Show();
     box.SetFocus();

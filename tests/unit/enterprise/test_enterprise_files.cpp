@@ -79,6 +79,16 @@ TEST(EnterpriseSettings, HaveTheirDefaultsWithoutAFile) {
     EXPECT_EQ(settings.MakeEventLog, -1);
 }
 
+TEST(EnterpriseFiles, SettingsThatAFileIsTooShortForStayAsTheyWere) {
+    FakeFiles files;
+    files.files["\\home\\newencfg.zdt"] = " 0\r\n-1\r\n";
+    Settings settings;
+    ReadEnterpriseSettings(files, "\\home\\", settings);
+    EXPECT_EQ(settings.EmailLogs, -1);
+    EXPECT_EQ(settings.MakeHtmlLog, 0);
+    EXPECT_EQ(settings.LogFolder, "");
+}
+
 SiteRecord Record(std::int16_t mode, bool isSite) {
     SiteRecord record;
     record.SetText(field::SiteUrl, "http://h/");

@@ -254,10 +254,18 @@ TEST_F(EnterpriseRunTest, LogsAreMailedToTheSender) {
         EXPECT_EQ(mail.MailIncludeComments, " 0");
     };
     mailError = "refused";
+    files.files[kHtmlLog] = "a log";
     Check({});
     EXPECT_EQ(Count("mail logs"), 1);
     EXPECT_EQ(session.LogText, LogOf({"Enterprise Link Check Complete.  ", "Log Files Emailed."}));
     EXPECT_EQ(files.files[kTextLog], LogOf({"Enterprise Link Check Complete.  "}));
+}
+
+TEST_F(EnterpriseRunTest, ALogThatWasNeverBegunDoesNotKeepTheOtherFromBeingMailed) {
+    settings.MakeEventLog = settings.MakeHtmlLog = settings.EmailLogs = kSet;
+    mails = [this] { EXPECT_EQ(session.AttachmentPaths, Calls{kTextLog}); };
+    Check({});
+    EXPECT_EQ(Count("mail logs"), 1);
 }
 
 TEST_F(EnterpriseRunTest, OnlyLogsThatAreMadeAreMailed) {

@@ -182,13 +182,19 @@ TEST_F(ScheduleFormTest, WrongInputsAreRefusedAndTheFormStays) {
     form->TextHour.EnterText("13");
     form->Text1.EnterText("  ");
     form->Command2.Click();
+    EXPECT_TRUE(form->Text1.HasFocus());
     form->Text1.EnterText("host");
+    form->Command2.SetFocus();
     form->Command2.Click();
     form->TextHour.EnterText("0");
+    form->Command2.SetFocus();
     form->Command2.Click();
+    EXPECT_TRUE(form->TextHour.HasFocus());
     form->TextHour.EnterText("1");
     form->TextMinute.EnterText("60");
+    form->Command2.SetFocus();
     form->Command2.Click();
+    EXPECT_TRUE(form->TextMinute.HasFocus());
     EXPECT_EQ(messages, (std::vector<std::string>{"Invalid computer name, please re-enter.", "Invalid time, please re-enter.",
                                                   "Invalid time, please re-enter.", "Invalid time, please re-enter."}));
     EXPECT_TRUE(form->Loaded());

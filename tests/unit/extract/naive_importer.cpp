@@ -260,22 +260,18 @@ class Naive {
         for (const string& entry : *settings_.ignoreLinkPathList)
             if (address.find(entry) != string::npos) return;
         const bool script = Mid(address, 1, 11) == "javascript:";
-        if (!script) {
+        if (!script || kind != "a") {
             const auto hash = InStr(1, address, "#");
             if (hash > 0 && (kind == "a" || kind == "option" || kind == "frame" || kind == "area")) {
                 label = (kind == "frame" ? "[Frame - Local: " : "[Local: ") + Mid(address, hash) + "]";
                 address.resize(hash - 1);
             }
             if (kind != "img" && std::count(address.begin(), address.end(), '/') == 2) address += "/";
-        } else if (kind == "a") {
-            label = "[Script URL]";
-        } else if (kind == "option") {
-            label = "[Script Option]";
-        } else if (kind == "img") {
-            label = "[Script Image]";
-        } else if (kind == "area") {
-            label = "[Script Image Map]";
         }
+        if (script && kind == "a") label = "[Script URL]";
+        if (script && kind == "option") label = "[Script Option]";
+        if (script && kind == "img") label = "[Script Image]";
+        if (script && kind == "area") label = "[Script Image Map]";
         if (kind == "option" && !script) label = "[Menu] " + label;
         links_.Add(kind == "a" ? label : Trimmed(label), address, {}, path);
     }

@@ -122,6 +122,9 @@ TEST_F(Importing, LinesInsideAScriptBlockAreSkippedOnlyWhereTheDialogTurnedItOn)
 TEST_F(Importing, ScriptLinksAreListedWhenTheyAreNotIgnored) {
     settings.IgnoreJavaScript = kClear;
     EXPECT_EQ(RowsOf("<a href=\"javascript:go('a#b/')\">s</a>"), "[Script URL]|javascript:go('a#b/')\n");
+    EXPECT_EQ(RowsOf("<a href=\"javascript:a//b\">s</a>"), "[Script URL]|javascript:a//b\n");
+    EXPECT_EQ(RowsOf("<area href=\"javascript:go('#a')\"><frame src=\"javascript:go('#b')\"><frame src=\"javascript:a//b\">"),
+              "[Script Image Map]|javascript:go('\n[Frame - Local: #b')]|javascript:go('\n[Frame]|javascript:a//b/\n");
 }
 
 TEST_F(Importing, FtpLinksAreLeftOutWhenTheyAreNotChecked) {
@@ -151,8 +154,22 @@ TEST_F(Importing, ABaseTakesTheDocumentsPlace) {
     EXPECT_EQ(RowsOf("<head>\n<BASE HREF=\"http://b.dom/d/\">\n</head>\n<a href=\"x\">x</a>"), "x|http://b.dom/d/x\n");
     EXPECT_EQ(http.URLServer(), "b.dom");
     EXPECT_EQ(RowsOf("<base target=\"_top\"><link href=\"http://c.dom/\">\n<a href=\"x\">x</a>"), "x|http://host.dom/docs/x\n");
-    EXPECT_EQ(RowsOf(std::string(9001, ' ') + "\n<base href=\"http://b.dom/\"><a href=\"x\">x</a>"),
-              "x|http://host.dom/docs/x\n");
+    for (const char* first : {"<base target=\"_top\">", "<base>", "<basefont size=2>\n<base>"})
+        EXPECT_EQ(RowsOf(first + std::string("<base href=\"http://b.dom/d/\">\n<a href=\"x\">x</a>")), "x|http://b.dom/d/x\n");
+    EXPECT_EQ(RowsOf("<base><base>\n<link href=\"y\"><a href=\"x\">x</a>"), "x|http://host.dom/docs/x\n");
+}
+
+TEST_F(Importing, ABaseIsLookedForInTheFirstNineThousandCharacters) {
+    const std::string base = "\n<base href=\"http://b.dom/d/\"><a href=\"x\">x</a>";
+    std::string umlauts;
+    for (int i = 0; i < 9000; ++i) umlauts += "\xC3\xA4";
+    for (const std::string& filler : {std::string(9000, ' '), umlauts, std::string(9000, '\xE4')}) {
+        EXPECT_EQ(RowsOf(filler + base), "x|http://b.dom/d/x\n");
+        EXPECT_EQ(RowsOf(filler + "\ny" + base), "x|http://host.dom/docs/x\n");
+    }
+    EXPECT_EQ(RowsOf(umlauts + "\n\xE4" + base), "x|http://host.dom/docs/x\n");  // not UTF-8: each byte is one
+    EXPECT_EQ(RowsOf(std::string(40000, ' ') + base), "x|http://host.dom/docs/x\n");
+    EXPECT_EQ(RowsOf(std::string(40000, ' ') + base.substr(1)), "x|http://b.dom/d/x\n");  // its line is taken whole
 }
 
 TEST_F(Importing, AFolderOfTheSiteGivesPathsInInternetMode) {
