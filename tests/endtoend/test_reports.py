@@ -1,11 +1,12 @@
 """Reports: written from the menu, at the end of a check and from the command line, then listed and shown."""
+import json
 import os
 import re
 import unittest
 from pathlib import Path
 
 from case import Case
-from program import is_desktop
+from program import Refused, is_desktop
 from servers import page, reply
 
 BASE = "http://127.0.0.1:9/"
@@ -56,6 +57,19 @@ class Reports(Case):
         p.click("frmform.cmdOK")
         p.event("modal", form="ReportSelectForm")
         return request
+
+    def test_what_is_pressed_behind_the_okay_meets_the_writing(self):
+        self.scratch.document("http://127.0.0.1:9/d.htm", ["https://127.0.0.1/%d" % n for n in range(2000)], 1)
+        p = self.program()
+        self.begin_reports(p, CheckText=1, CheckWhich=0)
+        lines = [dict(id=p.last_id + n, do="click", at=at) for n, at in ((1, "frmform.cmdOK"), (2, "CheckForm.ComStart"))]
+        p.last_id += 2
+        p.send_raw(b"".join(json.dumps(line).encode() + b"\n" for line in lines))
+        with self.assertRaisesRegex(Refused, "not usable|blocked by"):
+            p.reply(p.last_id)
+        p.event("modal", form="ReportSelectForm")
+        report = next((self.scratch.home / "Reports").glob("*_text.txt")).read_bytes()
+        self.assertNotIn(b"NA/SE", report)
 
     def test_the_menu_writes_and_shows(self):
         viewer, calls = self.helper("viewer")

@@ -117,7 +117,7 @@ class Session(Case):
         p.do("answer", value="Yes")
         p.event("exit")
         p.process.wait(10)
-        self.assertEqual(self.scratch.statuses(), ["OK"] * 5 + ["-->"])
+        self.assertEqual(self.scratch.statuses(), ["OK"] * 5 + [""])
         self.assertEqual([link[2] for link in self.scratch.links()], [""] * 5 + ["X"])
 
     def test_reopening_reuses_the_number(self):

@@ -22,34 +22,35 @@ void LineChannel::Take() {
     std::array<char, 65536> buffer;
     const ssize_t got = read(input_, buffer.data(), buffer.size());
     if (got < 0 && (errno == EAGAIN || errno == EINTR)) return;
-    if (got <= 0) {
+    if (got > 0) {
+        pending_.append(buffer.data(), static_cast<std::size_t>(got));
+    } else {
         loop_.Unwatch(input_);
-        end_();
-        return;
+        ended_ = true;
     }
-    pending_.append(buffer.data(), static_cast<std::size_t>(got));
-    HandleLines();
+    if (!posted_) HandleLine();
 }
 
-// Each line is taken out before it is handled, so that a nested turn goes on with the next one.
-void LineChannel::HandleLines() {
-    for (;;) {
-        const auto end = pending_.find('\n', searched_);
-        if (end == std::string::npos) {
-            searched_ = pending_.size();
-            if (pending_.size() > kLongestLine) pending_.resize(kLongestLine);
-            return;
-        }
-        const std::string line = pending_.substr(0, end);
-        pending_.erase(0, end + 1);
-        searched_ = 0;
-        // Lines that have come already are there for the turns of a handler that waits.
-        if (pending_.find('\n') != std::string::npos)
-            loop_.Post([this, alive = std::weak_ptr<int>(alive_)] {
-                if (!alive.expired()) HandleLines();
-            });
-        line_(line);
+// The line is taken out and the next turn told of what follows before it is handled, so that a handler's own turns go on with it.
+void LineChannel::HandleLine() {
+    posted_ = false;
+    const auto end = pending_.find('\n', searched_);
+    if (end == std::string::npos) {
+        searched_ = pending_.size();
+        if (pending_.size() > kLongestLine) pending_.resize(kLongestLine);
+        if (ended_) end_();
+        return;
     }
+    const std::string line = pending_.substr(0, end);
+    pending_.erase(0, end + 1);
+    searched_ = 0;
+    if (ended_ || pending_.find('\n') != std::string::npos) {
+        posted_ = true;
+        loop_.Post([this, alive = std::weak_ptr<int>(alive_)] {
+            if (!alive.expired()) HandleLine();
+        });
+    }
+    line_(line);
 }
 
 void LineChannel::Write(std::string_view line) {

@@ -17,9 +17,9 @@ class LineChannel {
     LineChannel(const LineChannel&) = delete;
     LineChannel& operator=(const LineChannel&) = delete;
 
-    // Calls `line` for each line that comes in, without its end, one after the other; a call may turn the loop, and lines that
-    // come meanwhile are then handled inside it. `end` comes when there is nothing more to read. A line longer than the bound is
-    // given cut to it.
+    // Calls `line` for each line that comes in, without its end, one a turn of the loop; a call may turn the loop, and lines that
+    // come meanwhile are then handled inside it. `end` comes behind the last line. A line longer than the bound is given cut to
+    // it.
     void Start(std::function<void(const std::string&)> line, std::function<void()> end);
     void Write(std::string_view line);  // the line and its end, at once and whole
 
@@ -27,13 +27,15 @@ class LineChannel {
 
    private:
     void Take();
-    void HandleLines();
+    void HandleLine();
 
     EventLoop& loop_;
     int input_;
     int output_;
     std::shared_ptr<int> alive_ = std::make_shared<int>(0);  // posted work comes to nothing once this is gone
     std::string pending_;
+    bool posted_ = false;       // the next turn handles a line
+    bool ended_ = false;        // nothing more comes in
     std::size_t searched_ = 0;  // up to here there is no line end in pending_
     std::function<void(const std::string&)> line_;
     std::function<void()> end_;

@@ -244,6 +244,25 @@ TEST(LineChannelTest, HandsOutLinesThatCameTogetherAlsoInsideAHandler) {
     close(out[1]);
 }
 
+// So that a window that a line closes is gone before the next line is looked at.
+TEST(LineChannelTest, HandsOutOneLineATurnAndTheEndBehindTheLast) {
+    PollLoop loop;
+    int in[2];
+    ASSERT_EQ(pipe(in), 0);
+    std::vector<std::string> log;
+    LineChannel channel(loop, in[0], in[0]);
+    channel.Start([&](const std::string& line) { log.push_back(line); }, [&] { log.push_back("end"); });
+    ASSERT_EQ(write(in[1], "a\nb\n\nc\nrest", 11), 11);
+    close(in[1]);
+    for (std::size_t turn = 1; turn <= 4; ++turn) {
+        loop.WaitFor(1);
+        EXPECT_EQ(log.size(), turn);
+    }
+    loop.WaitFor(1);
+    EXPECT_EQ(log, (std::vector<std::string>{"a", "b", "", "c", "end"}));
+    close(in[0]);
+}
+
 struct Lookups : testing::Test {
     PollLoop loop;
     LastError error;
