@@ -62,7 +62,9 @@ QPlainTextEdit* FormWindow::MakeText(TextBox& box) { return Bind<PageBinder>(box
 QComboBox* FormWindow::Make(ComboBox& combo) { return Bind<ComboBinder>(combo, new QComboBox(ParentFor(combo))); }
 ListView* FormWindow::Make(ListBox& list) { return Bind<ListBinder>(list, new ListView(ParentFor(list))); }
 QScrollBar* FormWindow::Make(ScrollBar& bar, Qt::Orientation orientation) {
-    return Bind<ScrollBarBinder>(bar, new QScrollBar(orientation, ParentFor(bar)));
+    auto* widget = new QScrollBar(orientation, ParentFor(bar));
+    widget->setContextMenuPolicy(Qt::NoContextMenu);
+    return Bind<ScrollBarBinder>(bar, widget);
 }
 QProgressBar* FormWindow::Make(ProgressBar& bar) { return Bind<ProgressBinder>(bar, new QProgressBar(ParentFor(bar))); }
 TextLabel* FormWindow::Make(StatusBar& bar) { return Bind<StatusBinder>(bar, new TextLabel(TextLabel::Style::Cut, this)); }

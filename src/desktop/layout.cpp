@@ -5,9 +5,11 @@
 namespace qv {
 
 QHBoxLayout* ButtonRow(std::initializer_list<QWidget*> buttons) {
-    auto* row = new QHBoxLayout;
-    row->addStretch();
     constexpr int kNarrowest = 88;  // pixels
+    constexpr int kGap = 6;
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    row->addStretch();
     for (QWidget* button : buttons) {
         button->setMinimumWidth(kNarrowest);
         row->addWidget(button);

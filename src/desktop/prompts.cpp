@@ -76,6 +76,7 @@ void Prompts::ShowMessage(const MessageRequest& request, QWidget* parent) {
 void Prompts::ShowDialog(const FileDialogRequest& request, QWidget* parent) {
     auto* dialog = new QFileDialog(parent, ToQt(request.title));
     dialog->setOption(QFileDialog::DontUseNativeDialog, !native_);
+    dialog->setOption(QFileDialog::ReadOnly);  // it picks, and neither renames nor deletes
     dialog->setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setDirectory(request.folder.empty() ? QDir::homePath() : Native(request.folder));
     if (IsFolderPicker(request)) {

@@ -1,5 +1,6 @@
 #include "desktop/simple_binders.h"
 
+#include <QRadioButton>
 #include <algorithm>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -88,11 +89,19 @@ bool TickBinder::Value() const {
 
 void TickBinder::ShowAspect(Aspect aspect) {
     if (aspect == Aspect::Caption) button_->setText(ToQt(As<Captioned>().Caption()));
+    if (aspect == Aspect::Value) KeepTabStop();
     if (aspect != Aspect::Value || button_->isChecked() == Value()) return;
     const bool exclusive = button_->autoExclusive();
     button_->setAutoExclusive(false);  // else the last one of a group can't be cleared
     button_->setChecked(Value());
     button_->setAutoExclusive(exclusive);
+}
+
+// The chosen button is the one of its group that Tab leads to. Qt sees to that only once one of them has had the focus.
+void TickBinder::KeepTabStop() {
+    if (qobject_cast<QRadioButton*>(button_) == nullptr || !Value()) return;
+    const auto group = button_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QRadioButton* other : group) other->setFocusPolicy(other == button_ ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void TickBinder::AddWidgetState(nlohmann::json& state) const {

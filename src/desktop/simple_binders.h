@@ -75,6 +75,7 @@ class TickBinder : public Binder {
 
    private:
     bool Value() const;
+    void KeepTabStop();
     QAbstractButton* button_;
 };
 

@@ -100,6 +100,7 @@ ComboBinder::ComboBinder(ComboBox& combo, QComboBox* widget) : Binder(combo, wid
     combo_->setEditable(true);
     combo_->setInsertPolicy(QComboBox::NoInsert);
     combo_->setCompleter(nullptr);  // it would put in what wasn't typed
+    combo_->lineEdit()->installEventFilter(this);
     combo_->setMinimumContentsLength(10);
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     // Else a typed text that equals an item would pick that item when the box is left.
@@ -152,6 +153,11 @@ void ComboBinder::AddWidgetState(nlohmann::json& state) const {
 bool ComboBinder::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel) {
         event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress && watched == combo_->lineEdit() && combo_->lineEdit()->isReadOnly() &&
+        combo_->isEnabled()) {
+        combo_->showPopup();  // where nothing can be typed the whole box is its arrow
         return true;
     }
     return Binder::eventFilter(watched, event);

@@ -26,7 +26,7 @@ bool Move(ListBox& from, ListBox& to, bool selectedOnly) {
 
 SelectForm::SelectForm(Parts parts)
     : Form(parts.windows, "SelectForm", "Choose Documents/Sites to Check" + std::string(12, ' ')), p_(parts) {
-    SetSize(640, 420);
+    SetSize(780, 440);
     SetDefaultButton(&ComOkay);
     SetCancelButton(&ComCancel);
     for (CommandButton* button : {&ComAdd, &ComRemove, &ComRemoveAll}) button->SetEnabled(false);

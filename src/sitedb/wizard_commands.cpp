@@ -29,12 +29,14 @@ void WizardForm::ComOpenNext_Click() {
 }
 
 void WizardForm::ComApply_Click() {
+    const bool pressed = ComApply.HasFocus();
     Flag refused = kClear;
     CheckTab(TabStrip1.Value(), refused);
     if (refused != 0) return;
     p_.sites.WriteAll(records_);
     ComApply.SetEnabled(false);
     if (Text1.Count() > 0) ComEdit.SetEnabled(true);
+    if (pressed) ComOpenNext.SetFocus();  // else the next Enter would press the button behind it, which removes the entry
 }
 
 void WizardForm::ComEdit_Click() {

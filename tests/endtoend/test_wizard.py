@@ -75,6 +75,7 @@ class Wizard(Case):
         self.enter(Text1="  " + NINE + "a/b.htm ", Text3="")
         self.assertEqual(self.p.caption(W + ".ComApply"), "&Add")
         self.p.click(W + ".ComApply")
+        self.assertEqual(self.p.state(W)["focus"], "ComOpenNext")   # and not the button that removes the entry
         record, = self.records()
         self.assertEqual((text(record, 0, 600), text(record, 600, 256), text(record, 856, 256)), (NINE + "a/", "b.htm", ""))
         self.assertEqual((number(record, 1112), number(record, 1114)), (0, 0))

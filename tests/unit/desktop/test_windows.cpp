@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -273,6 +275,32 @@ TEST_F(Windows, TypingInADropDownListKeepsThePlaceInTheText) {
     driver.ClickRow(combo, 0);
     EXPECT_EQ(combo.ListIndex(), 0);
     EXPECT_EQ(line->text(), "http://one/");
+}
+
+TEST_F(Windows, APressInABoxThatCannotBeTypedInOpensItsList) {
+    combo.AddItem("AM");
+    combo.AddItem("PM");
+    Show();
+    auto* widget = WidgetOf<QComboBox>(combo);
+    const auto press = [&] {
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget->lineEdit(), &event);
+    };
+    press();
+    EXPECT_FALSE(widget->view()->isVisible());
+    widget->lineEdit()->setReadOnly(true);
+    press();
+    EXPECT_TRUE(widget->view()->isVisible());
+    widget->hidePopup();
+}
+
+TEST_F(Windows, TabLeadsToTheChosenOneOfAGroup) {
+    second.SetValue(true);
+    Show();
+    const auto takesTab = [&](const Control& control) { return (WidgetOf<QRadioButton>(control)->focusPolicy() & Qt::TabFocus) != 0; };
+    EXPECT_TRUE(takesTab(second) && !takesTab(first));
+    first.SetValue(true);
+    EXPECT_TRUE(takesTab(first) && !takesTab(second));
 }
 
 TEST_F(Windows, ATypedTextThatEqualsAnItemPicksNothing) {
