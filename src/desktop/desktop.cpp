@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <algorithm>
 
+#include "desktop/binder.h"
 #include "desktop/list_accessible.h"
 #include "desktop/qt_text.h"
 #include "desktop/views/views.h"
@@ -19,6 +22,15 @@ Desktop::Desktop(WindowSystem& windows, bool native) : windows_(windows), prompt
         windows.SetScreen(size.width(), size.height());
     }
     ShareClipboard();
+    qApp->installEventFilter(this);
+}
+
+// Enter and Escape that are held down press nothing again, in no window that comes up meanwhile.
+bool Desktop::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent*>(event)->isAutoRepeat()) return false;
+    const Key key = KeyOf(*static_cast<QKeyEvent*>(event));
+    const bool inPage = qobject_cast<QPlainTextEdit*>(QApplication::focusWidget()) != nullptr;
+    return key == Key::Escape || (key == Key::Enter && !inPage) || QObject::eventFilter(watched, event);
 }
 
 // The program's clipboard and the system's are one.

@@ -28,6 +28,9 @@ class Desktop : public QObject, public WindowListener {
     void FormActivated(Form& form) override;
     void MenuPoppedUp(Menu& menu) override;
 
+   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
    private:
     FormWindow* Top() const;
     void ShareClipboard();

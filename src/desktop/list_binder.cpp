@@ -1,6 +1,6 @@
 #include "desktop/list_binder.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 
 namespace qv {
 
@@ -25,7 +25,8 @@ void ListBinder::AddWidgetState(nlohmann::json&) const {}
 
 // The mouse moves over the part of the view that holds the rows; all else comes to the view itself.
 bool ListBinder::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != view_->viewport()) return Binder::eventFilter(watched, event);
+    const bool spaceUp = event->type() == QEvent::KeyRelease && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
+    if (watched != view_->viewport()) return !spaceUp && Binder::eventFilter(watched, event);  // the view told of it at the press
     if (event->type() == QEvent::MouseMove)
         if (auto* list = Live<ListBox>()) list->MouseMove();
     return false;

@@ -281,7 +281,10 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         auto* bar = horizontalScrollBar();
         bar->setValue(bar->value() + (event->key() == Qt::Key_Right ? 1 : -1) * bar->singleStep());
     } else if (plain && event->key() == Qt::Key_Space) {
-        if (!event->isAutoRepeat()) list_->ToggleCurrent();
+        if (event->isAutoRepeat()) return;
+        list_->ToggleCurrent();
+        // At once: by the time the key is let go of another row may be the current one.
+        if (list_ != nullptr) list_->KeyUp(Key::Space);
     } else {
         event->ignore();
     }

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -66,11 +68,31 @@ void Prompts::ShowMessage(const MessageRequest& request, QWidget* parent) {
         if (name == "Cancel") box->setEscapeButton(button);
     }
     if (request.buttons.size() == 1) box->setEscapeButton(box->buttons().constFirst());
+    if (box->escapeButton() == nullptr) box->installEventFilter(this);
     connect(box, &QDialog::finished, this, [this, box] {
-        if (!open_.empty() && open_.back() == box && box->clickedButton() != nullptr)
-            windows_.Answer(box->clickedButton()->objectName().toStdString());
+        const QAbstractButton* pressed = box->clickedButton() != nullptr ? box->clickedButton() : box->escapeButton();
+        if (!open_.empty() && open_.back() == box && pressed != nullptr) windows_.Answer(pressed->objectName().toStdString());
     });
     Open(box);
+}
+
+bool Prompts::eventFilter(QObject* watched, QEvent* event) {
+    const bool escape = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (event->type() != QEvent::Close && !escape) return QObject::eventFilter(watched, event);
+    event->ignore();
+    return true;
+}
+
+// What is typed may hold slashes of either kind.
+void Prompts::TakeBackslashes(QFileDialog& dialog) {
+    auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+    if (name == nullptr) return;  // the desktop's own dialog
+    connect(name, &QLineEdit::textEdited, name, [name](const QString& text) {
+        if (!text.contains('\\')) return;
+        const int at = name->cursorPosition();
+        name->setText(QString(text).replace('\\', '/'));
+        name->setCursorPosition(at);
+    });
 }
 
 void Prompts::ShowDialog(const FileDialogRequest& request, QWidget* parent) {
@@ -89,6 +111,7 @@ void Prompts::ShowDialog(const FileDialogRequest& request, QWidget* parent) {
         if (request.filterIndex > 0 && request.filterIndex <= filters.size()) dialog->selectNameFilter(filters[request.filterIndex - 1]);
         if (request.save || request.name.find('*') == std::string::npos) dialog->selectFile(Native(request.name));
     }
+    TakeBackslashes(*dialog);
     const bool folder = IsFolderPicker(request);
     connect(dialog, &QDialog::finished, this, [this, dialog, folder](int result) {
         if (open_.empty() || open_.back() != dialog) return;

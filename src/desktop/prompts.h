@@ -25,8 +25,13 @@ class Prompts : public QObject {
     void PressButton(const std::string& name);
     void Choose(const std::optional<std::string>& path);
 
+   protected:
+    // Of a box that only its buttons answer: neither its close box nor Escape does anything.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
    private:
     void Open(QDialog* dialog);
+    static void TakeBackslashes(QFileDialog& dialog);
     WindowSystem& windows_;
     bool native_;
     std::vector<QDialog*> open_;  // the topmost last

@@ -281,6 +281,28 @@ class Window(DesktopCase):
         self.assertEqual(p.process.wait(10), 0)
         self.assertTrue((self.scratch.home / "session.zdt").read_bytes())
 
+    def test_the_close_box_of_a_message_answers_it(self):
+        p = self.start()
+        p.send("click", "CheckForm.ComHide")
+        p.event("message", text="No questionable links were found.")
+        self.hands.front("Zephon Quorvantis")
+        self.hands.close_box("Zephon Quorvantis")
+        p.until(lambda: self.answered(p) and p.state("CheckForm")["pointer"] == "default")
+        self.hands.close_box(INTERNET)
+        p.event("message")
+        self.hands.front("Zephon Quorvantis")
+        self.hands.close_box("Zephon Quorvantis")     # the question's Cancel
+        p.until(lambda: self.answered(p))
+        self.assertEqual(len(p.documents()), 1)
+
+    def test_quick_keys_in_a_list_keep_marks_and_ticks_together(self):
+        p = self.start()
+        p.do("focus", "CheckForm.List1")
+        for key in ("keydown", "space"), ("keydown", "Down"), ("keyup", "space"), ("keyup", "Down"), ("key", "space"):
+            self.hands.tool(*key)
+        p.until(lambda: [row for row, item in enumerate(p.state("CheckForm.List1")["items"]) if not item["selected"]] == [0, 1])
+        p.until(lambda: [link[2].strip() for link in self.scratch.links()] == ["", ""] + ["X"] * 6)
+
     def test_a_modal_window_keeps_the_mouse_from_those_below(self):
         p = self.start()
         p.send("click", "CheckForm.MenuHelpEmail")

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -346,6 +347,78 @@ TEST_F(Windows, AMessageIsAnsweredByItsButtons) {
     Show();
     loop.Post([&] { driver.Answer(windows, "No"); });
     EXPECT_EQ(windows.ShowMessage({.text = "?", .buttons = {"Yes", "No"}, .defaultButton = "Yes"}), "No");
+}
+
+TEST_F(Windows, TheCloseBoxOfAMessageActsAsEscape) {
+    Show();
+    const auto closed = [&](const std::vector<std::string>& buttons) {
+        loop.Post([] { QApplication::activeModalWidget()->close(); });
+        return windows.ShowMessage({.text = "?", .buttons = buttons, .defaultButton = buttons[0]});
+    };
+    EXPECT_EQ(closed({"OK"}), "OK");
+    EXPECT_EQ(closed({"Yes", "No", "Cancel"}), "Cancel");
+}
+
+TEST_F(Windows, AQuestionOfYesAndNoIsAnsweredByItsButtonsAlone) {
+    Show();
+    loop.Post([&] {
+        QWidget* prompt = QApplication::activeModalWidget();
+        prompt->close();
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(prompt, &escape);
+        EXPECT_TRUE(prompt->isVisible());
+        driver.Answer(windows, "Yes");
+    });
+    EXPECT_EQ(windows.ShowMessage({.text = "?", .buttons = {"Yes", "No"}, .defaultButton = "Yes"}), "Yes");
+}
+
+TEST_F(Windows, ABackslashTypedIntoAFileDialogIsASlash) {
+    Show();
+    loop.Post([&] {
+        auto* name = QApplication::activeModalWidget()->findChild<QLineEdit*>("fileNameEdit");
+        ASSERT_NE(name, nullptr);
+        name->selectAll();
+        name->insert("\\tmp\\x/out");
+        EXPECT_EQ(name->text(), "/tmp/x/out");
+        name->setCursorPosition(4);
+        name->insert("\\a");
+        EXPECT_EQ(name->text(), "/tmp/a/x/out");
+        EXPECT_EQ(name->cursorPosition(), 6);
+        driver.Answer(windows, std::nullopt);
+    });
+    EXPECT_EQ(windows.ShowFileDialog({.save = true, .name = "x", .folder = "\\tmp\\"}), std::nullopt);
+}
+
+TEST_F(Windows, AKeyThatIsHeldPressesNothingAgain) {
+    form.SetDefaultButton(&button);
+    button.Click = Note("pressed");
+    Show();
+    auto* widget = WidgetOf<QPushButton>(button);
+    for (const bool again : {false, true, true}) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", again);
+        QCoreApplication::sendEvent(widget, &enter);
+    }
+    EXPECT_EQ(log, std::vector<std::string>{"pressed"});
+}
+
+TEST_F(Windows, ARowIsTakenAtThePressOfTheSpaceKey) {
+    several.KeyUp = [&](Key key) {
+        if (key == Key::Space) log.push_back(std::to_string(several.ListIndex()) + (several.Selected(several.ListIndex()) ? "on" : "off"));
+    };
+    several.SetListIndex(0);
+    Show();
+    auto* view = WidgetOf<ListView>(several);
+    const auto key = [&](QEvent::Type type, Qt::Key code) {
+        QKeyEvent event(type, code, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &event);
+    };
+    key(QEvent::KeyPress, Qt::Key_Space);
+    key(QEvent::KeyPress, Qt::Key_Down);
+    key(QEvent::KeyRelease, Qt::Key_Space);
+    key(QEvent::KeyRelease, Qt::Key_Down);
+    key(QEvent::KeyPress, Qt::Key_Space);
+    key(QEvent::KeyRelease, Qt::Key_Space);
+    EXPECT_EQ(log, (std::vector<std::string>{"0on", "1on"}));
 }
 
 TEST_F(Windows, EnterPressesTheDefaultButtonFromATextBox) {
