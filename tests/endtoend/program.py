@@ -84,9 +84,9 @@ class Scratch:
 
 
 class Program:
-    """One running program."""
+    """One running program: the one under test, or the one at `path`."""
 
-    def __init__(self, scratch, *arguments, ready=True, environment=None):
+    def __init__(self, scratch, *arguments, ready=True, environment=None, path=None):
         self.scratch = scratch
         self.errors = open(scratch.root / "errors.txt", "ab")
         settings = dict(os.environ, QUORVANTIS_AUTOMATION="1", QUORVANTIS_NO_PAUSES="1", QUORVANTIS_HOME=str(scratch.home),
@@ -96,7 +96,7 @@ class Program:
             settings.pop("WAYLAND_DISPLAY", None)
         settings.update(environment or {})
         self.environment = settings
-        self.process = subprocess.Popen([os.environ["QUORVANTIS_PROGRAM"], *arguments], stdin=subprocess.PIPE,
+        self.process = subprocess.Popen([str(path or os.environ["QUORVANTIS_PROGRAM"]), *arguments], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=self.errors, env=settings, cwd=str(scratch.root))
         self.events = queue.Queue()
         self.seen = []

@@ -26,12 +26,6 @@ class Installed(Case):
     def install(self):
         subprocess.run(["cmake", "--install", str(BUILD), "--prefix", str(self.prefix)], check=True, stdout=subprocess.DEVNULL, timeout=120)
 
-    def in_place(self, program):
-        """From here on the installed program is the one under test."""
-        before = os.environ["QUORVANTIS_PROGRAM"]
-        os.environ["QUORVANTIS_PROGRAM"] = str(program)
-        self.addCleanup(os.environ.__setitem__, "QUORVANTIS_PROGRAM", before)
-
     def names(self, folder):
         return sorted(str(path.relative_to(folder)) for path in folder.rglob("*") if path.is_file())
 
@@ -44,7 +38,7 @@ class Installed(Case):
         opener = scratch.root / "xdg-open"
         opener.write_text('#!/bin/sh\necho "$1" >"%s/opened"\n' % scratch.root)
         opener.chmod(0o755)
-        p = Program(scratch, ready=False, environment={"PATH": "%s:%s" % (scratch.root, os.environ["PATH"])})
+        p = Program(scratch, ready=False, path=prefix / "bin" / PROGRAM, environment={"PATH": "%s:%s" % (scratch.root, os.environ["PATH"])})
         self.addCleanup(p.close)
         p.event("modal", form="ConfigForm")
         p.click("ConfigForm.ComCancel")
@@ -69,7 +63,6 @@ class Installed(Case):
         help_pages = self.names(self.prefix / "share/quorvantis/help")
         self.assertIn("style.css", help_pages)
         self.assertIn("topic70.html", help_pages)
-        self.in_place(self.prefix / "bin" / PROGRAM)
         self.use(self.prefix)
 
     def test_the_desktop_entry_names_what_is_there(self):
@@ -113,5 +106,4 @@ class Installed(Case):
             path = self.prefix / "usr" / name
             self.assertTrue(path.is_file(), name)
             self.assertEqual(stat.S_IMODE(path.stat().st_mode), 0o755 if name.startswith("bin/") else 0o644, name)
-        self.in_place(self.prefix / "usr/bin" / PROGRAM)
         self.use(self.prefix / "usr")
