@@ -39,7 +39,7 @@ void HttpProbe::Pass(LinkProbe& probe) {
     steps_.ArmWatchdog(false);
     probe.deadline = steps_.Now() + settings_.HttpTimeout;
     if (probe.lookup.errorText.empty())
-        AskUnlessHalted(probe, server);
+        AskHeedingPresses(probe, server);
     else
         flags_.LastErrorNumber = probe.lookup.errorNumber;
     steps_.ProbeWait(probe.deadline, probe.lookup);
@@ -47,8 +47,8 @@ void HttpProbe::Pass(LinkProbe& probe) {
     ++probe.passCount;
 }
 
-// A press just before the exchange ends it as one a moment later would.
-void HttpProbe::AskUnlessHalted(LinkProbe& probe, const std::string& server) {
+// A Stop or Skip that was pressed just before the exchange ends it as one a moment later would.
+void HttpProbe::AskHeedingPresses(LinkProbe& probe, const std::string& server) {
     const bool halted = flags_.StopRequested != 0 || (flags_.SkipRequested != 0 && !probe.skipLeft);
     if (!halted) {
         Ask(probe, server);

@@ -29,7 +29,7 @@ class HttpProbe {
 
    private:
     void Pass(LinkProbe& probe);
-    void AskUnlessHalted(LinkProbe& probe, const std::string& server);
+    void AskHeedingPresses(LinkProbe& probe, const std::string& server);
     void Ask(LinkProbe& probe, const std::string& server);
     bool AnotherPass(LinkProbe& probe);
     void Redirect(LinkProbe& probe, const std::string& target);

@@ -16,8 +16,6 @@ namespace {
 constexpr double kPauseSeconds = 0.2;
 constexpr std::size_t kMostHeadCharacters = 9000;
 
-}  // namespace
-
 // The lines through the one that ends the head, joined with nothing between them; no further than kMostHeadCharacters.
 std::string JoinHead(std::string_view page) {
     std::string head;
@@ -32,6 +30,8 @@ std::string JoinHead(std::string_view page) {
     }
     return head;
 }
+
+}  // namespace
 
 // What the first "<base" that has an "href=" in its tag gives.
 std::optional<std::string> FindBaseAddress(std::string_view page) {

@@ -295,6 +295,20 @@ class Window(DesktopCase):
         p.until(lambda: self.answered(p))
         self.assertEqual(len(p.documents()), 1)
 
+    def test_escape_leaves_a_question_of_yes_and_no_open(self):
+        p = self.start()
+        p.send("click", "CheckForm.ComOpen")
+        p.event("modal", form="WizardForm")
+        p.do("set", "WizardForm.Text1", value="http://127.0.0.1:9/a.html")
+        p.do("click", "WizardForm.ComApply")
+        self.assertTrue(self.scratch.read("sitedata.zdt"))
+        p.send("click", "WizardForm.ComEdit")
+        p.event("message", text="Are you sure you want to delete this item? This action cannot be undone.")
+        self.hands.front("Zephon Quorvantis")
+        self.hands.key("Escape", "Return")   # the Return is the question's Yes
+        p.until(lambda: self.answered(p))
+        self.assertFalse((self.scratch.home / "sitedata.zdt").exists() and self.scratch.read("sitedata.zdt"))
+
     def test_quick_keys_in_a_list_keep_marks_and_ticks_together(self):
         p = self.start()
         p.do("focus", "CheckForm.List1")

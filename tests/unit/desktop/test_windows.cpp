@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -375,7 +376,10 @@ TEST_F(Windows, AQuestionOfYesAndNoIsAnsweredByItsButtonsAlone) {
 TEST_F(Windows, ABackslashTypedIntoAFileDialogIsASlash) {
     Show();
     loop.Post([&] {
-        auto* name = QApplication::activeModalWidget()->findChild<QLineEdit*>("fileNameEdit");
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(dialog->testOption(QFileDialog::ReadOnly));  // it renames and deletes nothing
+        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
         ASSERT_NE(name, nullptr);
         name->selectAll();
         name->insert("\\tmp\\x/out");
