@@ -54,7 +54,9 @@ class Hands:
         return left + min(width // 2, 60), top + height // 2
 
     def move(self, at, row=None):
-        self.tool("mousemove", "--sync", *self.place(at, row))
+        x, y = self.place(at, row)
+        self.tool("mousemove", x, y)
+        self.program.until(lambda: self.tool("getmouselocation")[:2] == ["x:%d" % x, "y:%d" % y])
 
     def click(self, at, row=None, button=1):
         self.move(at, row)
